@@ -1,0 +1,20 @@
+#include "QZParserSQL/MSAccess_v3/CQZMSAccessSQL_v3Parcer.h"
+
+#include "QZParserSQL/MSAccess_v3/CQZMSAccessSQL_v3Tree.h"
+#include "QZParserSQL/dialect/ParserPipeline.h"
+
+extern "C" const QZGrammar qzGrammarMSAccessSQL_v3;
+
+const QZGrammar& QZGrammarMSAccessSQL_v3() { return qzGrammarMSAccessSQL_v3; }
+
+class CQZMSAccessSQL_v3ParcerImp final : public ParserPipeline {
+ public:
+    CQZMSAccessSQL_v3ParcerImp() : ParserPipeline(QZGrammarMSAccessSQL_v3(), CQZMSAccessSQL_v3Tree::New) {}
+};
+
+CQZMSAccessSQL_v3Parcer::CQZMSAccessSQL_v3Parcer() : m_pImp(std::make_unique<CQZMSAccessSQL_v3ParcerImp>()) {}
+CQZMSAccessSQL_v3Parcer::~CQZMSAccessSQL_v3Parcer() = default;
+
+void CQZMSAccessSQL_v3Parcer::ParseSQL() { m_pImp->ParseSQL(); }
+void CQZMSAccessSQL_v3Parcer::SetSQL(CString& strSQL) { m_pImp->SetSQL(strSQL); }
+void CQZMSAccessSQL_v3Parcer::GetSQLTree(CQZSQLTree** ppTree) { m_pImp->GetSQLTree(ppTree); }

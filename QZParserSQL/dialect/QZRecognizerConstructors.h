@@ -1,0 +1,35 @@
+/* The exported constructors of the generated recognizers, their types left opaque. Plain C, so that the generated
+ * files are compiled with it too.
+ *
+ * ...LexerNew takes an input stream (antlr3NewUCS2StringInPlaceStream), ...ParserNew a token stream (QZNewTokenStream).
+ * The forms with SSD take a recognizer's shared state as well, or null. Each returns null where memory fails. The caller
+ * owns the recognizer and frees it with QZFreeLexer or QZFreeParser. A recognizer serves one text on one thread.
+ */
+#ifndef QZ_RECOGNIZER_CONSTRUCTORS_H
+#define QZ_RECOGNIZER_CONSTRUCTORS_H
+
+#include "QZParserSQL/platform/Export.h"
+
+struct ANTLR3_INPUT_STREAM_struct;
+struct ANTLR3_COMMON_TOKEN_STREAM_struct;
+struct ANTLR3_RECOGNIZER_SHARED_STATE_struct;
+struct MSAccessSQL_v3Lexer_Ctx_struct;
+struct MSAccessSQL_v3Parser_Ctx_struct;
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+QZ_API struct MSAccessSQL_v3Lexer_Ctx_struct* MSAccessSQL_v3LexerNew(struct ANTLR3_INPUT_STREAM_struct* input);
+QZ_API struct MSAccessSQL_v3Lexer_Ctx_struct* MSAccessSQL_v3LexerNewSSD(
+    struct ANTLR3_INPUT_STREAM_struct* input, struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
+QZ_API struct MSAccessSQL_v3Parser_Ctx_struct* MSAccessSQL_v3ParserNew(
+    struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens);
+QZ_API struct MSAccessSQL_v3Parser_Ctx_struct* MSAccessSQL_v3ParserNewSSD(
+    struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens, struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

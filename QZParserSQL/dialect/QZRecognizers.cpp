@@ -1,0 +1,133 @@
+// The host's side of the recognizers. Every generated context begins with the pointer to its lexer or parser.
+#include "QZParserSQL/dialect/QZRecognizers.h"
+
+#include "QZParserSQL/dialect/GrammarTable.h"
+#include "QZParserSQL/dialect/Token.h"
+
+namespace {
+
+pANTLR3_LEXER LexerOf(const void* lexer) { return *static_cast<pANTLR3_LEXER const*>(lexer); }
+pANTLR3_PARSER ParserOf(const void* parser) { return *static_cast<pANTLR3_PARSER const*>(parser); }
+
+const ANTLR3_COMMON_TOKEN* PayloadOf(const QZNode* node) {
+    return static_cast<const ANTLR3_COMMON_TREE*>(node->super)->token;
+}
+
+std::u16string Widened(const char* ascii) { return {ascii, ascii + std::char_traits<char>::length(ascii)}; }
+
+}  // namespace
+
+namespace qz {
+
+// Start and stop are addresses in the query, stop being the last byte of the last unit.
+QZToken Describe(const ANTLR3_COMMON_TOKEN& token) {
+    QZToken described;
+    described.type = token.type;
+    described.hidden = token.channel == HIDDEN;
+    described.position.line = token.line;
+    described.position.column = static_cast<std::uint32_t>(token.charPosition) + 1;
+    const auto* begin = reinterpret_cast<const char16_t*>(token.start);
+    const auto* end = reinterpret_cast<const char16_t*>(token.stop + 1);
+    if (token.input == nullptr) return described;
+    described.position.offset = static_cast<std::size_t>(begin - static_cast<const char16_t*>(token.input->data));
+    if (token.type != ANTLR3_TOKEN_EOF) described.text = {begin, static_cast<std::size_t>(end - begin)};
+    return described;
+}
+
+}  // namespace qz
+
+const char* QZGrammarName(const QZGrammar& grammar) { return grammar.name; }
+
+void* QZNewLexer(const QZGrammar& grammar, QZInputStream* input) { return grammar.newLexer(input); }
+void* QZNewParser(const QZGrammar& grammar, QZTokenStream* tokens) { return grammar.newParser(tokens); }
+
+const char* QZTokenName(const QZGrammar& grammar, std::uint32_t type) {
+    if (type == ANTLR3_TOKEN_EOF) return "EOF";
+    return type < grammar.tokenNameCount ? grammar.tokenNames[type] : nullptr;
+}
+
+void QZSetLexerReporter(void* lexer, const QZReporter* reporter) {
+    LexerOf(lexer)->rec->state->userp = const_cast<QZReporter*>(reporter);
+}
+
+void QZSetParserReporter(void* parser, const QZReporter* reporter) {
+    ParserOf(parser)->rec->state->userp = const_cast<QZReporter*>(reporter);
+}
+
+QZTokenStream* QZNewTokenStream(void* lexer) {
+    return antlr3CommonTokenStreamSourceNew(ANTLR3_SIZE_HINT, LexerOf(lexer)->rec->state->tokSource);
+}
+
+std::uint32_t QZLexerErrorCount(const void* lexer) { return LexerOf(lexer)->rec->state->errorCount; }
+std::uint32_t QZParserErrorCount(const void* parser) { return ParserOf(parser)->rec->state->errorCount; }
+
+void QZCloseInput(QZInputStream* input) {
+    if (input != nullptr) input->close(input);
+}
+
+void QZFreeTokenStream(QZTokenStream* tokens) {
+    if (tokens != nullptr) tokens->free(tokens);
+}
+
+void QZFreeLexer(const QZGrammar& grammar, void* lexer) {
+    if (lexer != nullptr) grammar.freeLexer(lexer);
+}
+
+void QZFreeParser(const QZGrammar& grammar, void* parser) {
+    if (parser != nullptr) grammar.freeParser(parser);
+}
+
+std::size_t QZTokenCount(QZTokenStream* tokens) {
+    tokens->tstream->istream->_LA(tokens->tstream->istream, 1);  // the first look fills the stream
+    return tokens->tokens->count;
+}
+
+QZToken QZTokenAt(QZTokenStream* tokens, std::size_t index) {
+    const auto element = tokens->tokens->get(tokens->tokens, static_cast<ANTLR3_UINT32>(index));
+    return element == nullptr ? QZToken{} : qz::Describe(*static_cast<pANTLR3_COMMON_TOKEN>(element));
+}
+
+QZNodeKind QZKindOf(const QZNode* node) {
+    const auto* token = PayloadOf(node);
+    if (token == nullptr) return QZNodeKind::Nil;
+    if (token->type == ANTLR3_TOKEN_INVALID) return QZNodeKind::Error;
+    if (token->type == ANTLR3_TOKEN_EOF) return QZNodeKind::EndOfText;
+    if (token->input != nullptr) return QZNodeKind::Token;
+    return token->user1 == qz::kPutIn ? QZNodeKind::Missing : QZNodeKind::Imaginary;
+}
+
+std::uint32_t QZTypeOf(const QZNode* node) {
+    const auto* token = PayloadOf(node);
+    return token == nullptr ? ANTLR3_TOKEN_INVALID : token->type;
+}
+
+std::uint32_t QZChildCount(const QZNode* node) { return node->children == nullptr ? 0 : node->children->count; }
+
+const QZNode* QZChildAt(const QZNode* node, std::uint32_t index) {
+    if (index >= QZChildCount(node)) return nullptr;
+    return static_cast<const QZNode*>(node->children->get(node->children, index));
+}
+
+std::u16string QZTextOf(const QZGrammar& grammar, const QZNode* node) {
+    switch (QZKindOf(node)) {
+        case QZNodeKind::Nil:
+            return u"nil";
+        case QZNodeKind::Error:
+            return u"Tree Error Node";
+        case QZNodeKind::EndOfText:
+            return u"<EOF>";
+        case QZNodeKind::Token:
+            return std::u16string(QZTokenOf(node).text);
+        case QZNodeKind::Imaginary:
+            return Widened(QZTokenName(grammar, QZTypeOf(node)));
+        case QZNodeKind::Missing:
+            return u"<missing " + Widened(QZTokenName(grammar, QZTypeOf(node))) + u">";
+    }
+    return {};
+}
+
+QZToken QZTokenOf(const QZNode* node) {
+    const auto kind = QZKindOf(node);
+    if (kind != QZNodeKind::Token && kind != QZNodeKind::EndOfText) return {};
+    return qz::Describe(*PayloadOf(node));
+}

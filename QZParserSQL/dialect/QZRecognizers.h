@@ -1,0 +1,117 @@
+// Running a recognizer without a facade, with the host's own error reporting:
+//
+//     auto* input = antlr3NewUCS2StringInPlaceStream(text, length, nullptr);
+//     auto* lexer = MSAccessSQL_v3LexerNew(input);
+//     QZSetLexerReporter(lexer, &reporter);
+//     auto* tokens = QZNewTokenStream(lexer);
+//     auto* parser = MSAccessSQL_v3ParserNew(tokens);
+//     QZSetParserReporter(parser, &reporter);
+//     const QZNode* root = QZRunEntryRule(QZGrammarMSAccessSQL_v3(), parser);
+//     ...
+//     QZCloseInput(input), QZFreeTokenStream(tokens), QZFreeLexer(grammar, lexer), QZFreeParser(grammar, parser);
+//
+// The parser owns the nodes, the text must outlive them all, and everything belongs to one thread.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "QZParserSQL/dialect/QZRecognizerConstructors.h"
+#include "QZParserSQL/platform/InputStream.h"
+
+struct ANTLR3_BASE_TREE_struct;
+using QZInputStream = ANTLR3_INPUT_STREAM_struct;
+using QZTokenStream = ANTLR3_COMMON_TOKEN_STREAM_struct;
+using QZNode = ANTLR3_BASE_TREE_struct;
+
+/// One of the grammars; a constant that lives as long as the process.
+struct QZGrammar;
+
+QZ_API const QZGrammar& QZGrammarMSAccessSQL_v3();
+
+/// The grammar's name, "MSAccessSQL_v3".
+QZ_API const char* QZGrammarName(const QZGrammar& grammar);
+
+/// A context of the grammar's lexer (over `input`) or parser (over `tokens`), as its exported constructor makes it; null
+/// where memory fails. For hosts that choose the grammar when they run.
+QZ_API void* QZNewLexer(const QZGrammar& grammar, QZInputStream* input);
+QZ_API void* QZNewParser(const QZGrammar& grammar, QZTokenStream* tokens);
+
+/// The name of a token type: "SELECT_LIST", or for a word that counts in one case only its text in quotes, "'count'".
+/// "EOF" for the end of the text; null for a number outside the vocabulary.
+QZ_API const char* QZTokenName(const QZGrammar& grammar, std::uint32_t type);
+
+/// A place in the text: line and column from 1, offset in UTF-16 code units from 0.
+struct QZPosition {
+    std::uint32_t line = 0;
+    std::uint32_t column = 0;
+    std::size_t offset = 0;
+};
+
+enum class QZPhase { Lexer, Parser };
+
+/// What a recognizer has to say. A dropped character is one or more characters that make no token; nesting too deep is
+/// told once a parse, whether or not an error of the parser follows from it.
+enum class QZReportKind { DroppedCharacter, SyntaxError, NestedTooDeep };
+
+struct QZReport {
+    QZPhase phase = QZPhase::Lexer;
+    QZReportKind kind = QZReportKind::DroppedCharacter;
+    QZPosition position;
+    std::string message;  // UTF-8, one line
+};
+
+/// Where reports go. The function must not throw and must not use the recognizer that reports.
+struct QZReporter {
+    void (*report)(void* context, const QZReport& report) = nullptr;
+    void* context = nullptr;
+};
+
+/// Sends the reports of a lexer or parser context, of any grammar, to `reporter`, which must outlive it; null sends them
+/// to the standard error stream again, where they go from the start.
+QZ_API void QZSetLexerReporter(void* lexer, const QZReporter* reporter);
+QZ_API void QZSetParserReporter(void* parser, const QZReporter* reporter);
+
+/// A token stream over a lexer context of any grammar; null where memory fails. The caller owns it.
+QZ_API QZTokenStream* QZNewTokenStream(void* lexer);
+
+/// Calls the grammar's first rule, once for a parser, and returns the root of the tree. Where nesting comes near the end
+/// of the calling thread's stack, rules fail instead of going deeper.
+QZ_API const QZNode* QZRunEntryRule(const QZGrammar& grammar, void* parser);
+
+/// How many errors a recognizer has counted.
+QZ_API std::uint32_t QZLexerErrorCount(const void* lexer);
+QZ_API std::uint32_t QZParserErrorCount(const void* parser);
+
+/// To be called in this order; null is let pass.
+QZ_API void QZCloseInput(QZInputStream* input);
+QZ_API void QZFreeTokenStream(QZTokenStream* tokens);
+QZ_API void QZFreeLexer(const QZGrammar& grammar, void* lexer);
+QZ_API void QZFreeParser(const QZGrammar& grammar, void* parser);
+
+/// A token as the lexer gave it. `text` points into the query.
+struct QZToken {
+    std::uint32_t type = 0;
+    std::u16string_view text;
+    QZPosition position;
+    bool hidden = false;
+};
+
+/// The number of tokens, hidden ones included, the end of the text not; asks the lexer for all of them.
+QZ_API std::size_t QZTokenCount(QZTokenStream* tokens);
+QZ_API QZToken QZTokenAt(QZTokenStream* tokens, std::size_t index);
+
+/// Imaginary: made by the grammar. Token: kept from the text. Missing: a token that the parser put in by itself.
+enum class QZNodeKind { Nil, Error, EndOfText, Imaginary, Token, Missing };
+
+QZ_API QZNodeKind QZKindOf(const QZNode* node);
+QZ_API std::uint32_t QZTypeOf(const QZNode* node);
+QZ_API std::uint32_t QZChildCount(const QZNode* node);
+/// Null where there is no such child.
+QZ_API const QZNode* QZChildAt(const QZNode* node, std::uint32_t index);
+/// "nil", "Tree Error Node", "<EOF>", the name of an imaginary node, the exact text of a token, "<missing RIGHT_PAREN>".
+QZ_API std::u16string QZTextOf(const QZGrammar& grammar, const QZNode* node);
+/// The token of a node of kind Token or EndOfText; for other nodes all fields are 0.
+QZ_API QZToken QZTokenOf(const QZNode* node);

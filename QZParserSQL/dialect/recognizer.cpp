@@ -1,0 +1,264 @@
+// What every generated recognizer gets beside the runtime: rule results that remember failures too, a guard against the
+// end of the stack, reports that read 16-bit text safely, and the recovery of single characters and tokens.
+#include "QZParserSQL/dialect/recognizer.h"
+
+#include <fmt/format.h>
+
+#include <memory>
+#include <new>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "QZParserSQL/dialect/GrammarTable.h"
+#include "QZParserSQL/dialect/QZRecognizers.h"
+#include "QZParserSQL/dialect/Token.h"
+#include "QZParserSQL/platform/CString.h"
+#include "QZParserSQL/platform/Console.h"
+#include "QZParserSQL/platform/Stack.h"
+
+namespace {
+
+using Recognizer = pANTLR3_BASE_RECOGNIZER;
+
+// ------------------------------------------------------------------------------------------------------ rule results
+
+// One parser's rule results by token and rule, rows made when a token is first reached. It stands where the runtime has
+// its trie, so that the runtime frees it with the parser.
+class RuleMemo {
+ public:
+    RuleMemo(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 exactToken)
+        : rules_(rules), exactToken_(exactToken), repairToken_(parser->rec->recoverFromMismatchedToken) {
+        trie_.free = [](pANTLR3_INT_TRIE trie) { delete Of(trie); };
+    }
+
+    static RuleMemo* Of(pANTLR3_INT_TRIE trie) { return reinterpret_cast<RuleMemo*>(trie); }
+    static RuleMemo& Of(Recognizer recognizer) { return *Of(recognizer->state->ruleMemo); }
+    pANTLR3_INT_TRIE Trie() { return &trie_; }
+
+    // 0 for unknown, kFailed, or the index behind the rule's last token + kSuccess.
+    ANTLR3_UINT32& At(ANTLR3_MARKER token, ANTLR3_MARKER rule) {
+        const auto place = static_cast<std::size_t>(token);
+        if (place >= rows_.size()) rows_.resize(place + place / 2 + 64);
+        auto& row = rows_[place];
+        if (row == nullptr) row.reset(new ANTLR3_UINT32[rules_]());
+        return row[static_cast<std::size_t>(rule)];
+    }
+
+    bool IsExact(ANTLR3_UINT32 token) const { return exactToken_ != 0 && token == exactToken_; }
+    void* RepairToken(Recognizer recognizer, ANTLR3_UINT32 token, pANTLR3_BITSET_LIST follow) const {
+        return repairToken_(recognizer, token, follow);
+    }
+
+    void LimitStack(const char* limit) { stackLimit_ = limit; }
+    bool StackIsLow(const void* here) const { return here < stackLimit_; }
+    bool FirstTimeTooDeep() { return !std::exchange(toldTooDeep_, true); }
+
+    static constexpr ANTLR3_UINT32 kFailed = 1;
+    static constexpr ANTLR3_UINT32 kSuccess = 2;
+
+ private:
+    ANTLR3_INT_TRIE trie_{};
+    ANTLR3_UINT32 rules_;
+    ANTLR3_UINT32 exactToken_;
+    decltype(ANTLR3_BASE_RECOGNIZER::recoverFromMismatchedToken) repairToken_;
+    std::vector<std::unique_ptr<ANTLR3_UINT32[]>> rows_;
+    const void* stackLimit_ = nullptr;
+    bool toldTooDeep_ = false;
+};
+
+pANTLR3_PARSER ParserOf(Recognizer recognizer) { return static_cast<pANTLR3_PARSER>(recognizer->super); }
+pANTLR3_INT_STREAM TokensOf(Recognizer recognizer) { return ParserOf(recognizer)->tstream->istream; }
+
+// A rule that is entered counts as failed until it succeeds: so failures are remembered without a word in the rule. No
+// rule calls itself where it has read nothing, so the mark is never seen before its time.
+ANTLR3_BOOLEAN HaveParsedRule(Recognizer recognizer, ANTLR3_MARKER rule) {
+    const auto tokens = TokensOf(recognizer);
+    auto& result = RuleMemo::Of(recognizer).At(tokens->index(tokens), rule);
+    if (result == 0) {
+        result = RuleMemo::kFailed;
+        return ANTLR3_FALSE;
+    }
+    if (result == RuleMemo::kFailed) {
+        recognizer->state->failed = ANTLR3_TRUE;
+    } else {
+        tokens->seek(tokens, result - RuleMemo::kSuccess);
+    }
+    return ANTLR3_TRUE;
+}
+
+void Memoize(Recognizer recognizer, ANTLR3_MARKER rule, ANTLR3_MARKER start) {
+    if (recognizer->state->failed == ANTLR3_TRUE) return;
+    const auto tokens = TokensOf(recognizer);
+    RuleMemo::Of(recognizer).At(start, rule) = static_cast<ANTLR3_UINT32>(tokens->index(tokens)) + RuleMemo::kSuccess;
+}
+
+// ----------------------------------------------------------------------------------------------------------- reports
+
+void Send(Recognizer recognizer, const QZReport& report) {
+    const auto* reporter = static_cast<const QZReporter*>(recognizer->state->userp);
+    if (reporter != nullptr && reporter->report != nullptr) return reporter->report(reporter->context, report);
+    QZErrorWriteLine(fmt::format("line {}:{}: {}", report.position.line, report.position.column, report.message));
+}
+
+std::string Quoted(std::u16string_view text) {
+    constexpr std::size_t kLongest = 40;
+    const bool cut = text.size() > kLongest;
+    return "'" + CString(cut ? text.substr(0, kLongest) : text).ToUtf8() + (cut ? "...'" : "'");
+}
+
+const char* NameOf(Recognizer recognizer, ANTLR3_UINT32 type) {
+    if (type == ANTLR3_TOKEN_EOF) return "the end of the text";
+    return reinterpret_cast<const char*>(recognizer->state->tokenNames[type]);
+}
+
+std::string Found(const QZToken& token) {
+    return token.type == ANTLR3_TOKEN_EOF ? std::string("the end of the text") : Quoted(token.text);
+}
+
+std::string ParserMessage(Recognizer recognizer, const ANTLR3_EXCEPTION& exception, const QZToken& token) {
+    switch (exception.type) {
+        case ANTLR3_MISMATCHED_TOKEN_EXCEPTION:
+        case ANTLR3_MISSING_TOKEN_EXCEPTION:
+        case ANTLR3_UNWANTED_TOKEN_EXCEPTION:
+            return fmt::format("{} where {} was expected", Found(token), NameOf(recognizer, exception.expecting));
+        default:
+            return fmt::format("{} cannot stand here", Found(token));
+    }
+}
+
+// A missing token's report carries the token put in; what was found instead is the next one.
+void ReportParserError(Recognizer recognizer, pANTLR3_UINT8*) {
+    const auto& exception = *recognizer->state->exception;
+    const auto tokens = ParserOf(recognizer)->tstream;
+    auto* found = static_cast<pANTLR3_COMMON_TOKEN>(exception.token);
+    if (exception.type == ANTLR3_MISSING_TOKEN_EXCEPTION) found = tokens->_LT(tokens, 1);
+    const QZToken token = qz::Describe(*found);
+    Send(recognizer,
+         {QZPhase::Parser, QZReportKind::SyntaxError, token.position, ParserMessage(recognizer, exception, token)});
+}
+
+// Reports form a chain in the runtime; all but the last one go at once, so that a text of stray characters costs no
+// memory. Not for parsers, where a rule may still look at an older one.
+void DropOlder(pANTLR3_EXCEPTION exception) {
+    if (exception->nextException == nullptr) return;
+    exception->nextException->freeEx(exception->nextException);
+    exception->nextException = nullptr;
+}
+
+constexpr ANTLR3_UINT32 kReported = 1;
+
+void ReportLexerError(Recognizer recognizer, pANTLR3_UINT8*) {
+    auto& state = *recognizer->state;
+    state.user3 = kReported;
+    const auto lexer = static_cast<pANTLR3_LEXER>(recognizer->super);
+    const auto* begin = reinterpret_cast<const char16_t*>(state.tokenStartCharIndex);
+    const auto* next = static_cast<const char16_t*>(lexer->input->nextChar);
+    const auto* text = static_cast<const char16_t*>(lexer->input->data);
+    const auto* end = text + lexer->input->sizeBuf / sizeof(char16_t);
+    const QZPosition position{static_cast<std::uint32_t>(state.tokenStartLine),
+                              static_cast<std::uint32_t>(state.tokenStartCharPositionInLine) + 1,
+                              static_cast<std::size_t>(begin - text)};
+    const auto dropped = static_cast<std::size_t>((next < end ? next + 1 : end) - begin);
+    const auto* why = dropped > 1 && next == end ? "is not closed" : "makes no token";
+    Send(recognizer, {QZPhase::Lexer, QZReportKind::DroppedCharacter, position,
+                      fmt::format("{} {} and is left out", Quoted({begin, dropped}), why)});
+    DropOlder(recognizer->state->exception);
+}
+
+// ---------------------------------------------------------------------------------------------------------- recovery
+
+// The runtime asks for the line where it makes the end-of-text token, and forgets the column.
+ANTLR3_UINT32 PlaceEndOfText(pANTLR3_LEXER lexer) {
+    lexer->rec->state->tokSource->eofToken.charPosition = lexer->input->charPositionInLine;
+    return lexer->input->line;
+}
+
+// The runtime calls this at the mismatch and again after the report; only the second time drops a character. user3 tells
+// the two apart: a report sets it and the runtime clears it where it begins the next token.
+void DropOneCharacter(pANTLR3_LEXER lexer) {
+    if (lexer->rec->state->user3 != kReported) return;
+    lexer->input->istream->consume(lexer->input->istream);
+}
+
+void* RepairToken(Recognizer recognizer, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
+    const auto& memo = RuleMemo::Of(recognizer);
+    if (!memo.IsExact(type)) return memo.RepairToken(recognizer, type, follow);
+    antlr3MTExceptionNew(recognizer);
+    recognizer->state->exception->expecting = type;
+    recognizer->state->error = ANTLR3_TRUE;
+    return nullptr;
+}
+
+// A token that the text lacks has a type and a place but no input.
+void* PutInToken(Recognizer recognizer, pANTLR3_INT_STREAM tokens, pANTLR3_EXCEPTION, ANTLR3_UINT32 type,
+                 pANTLR3_BITSET_LIST) {
+    auto& factory = recognizer->state->tokFactory;
+    if (factory == nullptr) factory = antlr3TokenFactoryNew(nullptr);
+    const auto stream = static_cast<pANTLR3_TOKEN_STREAM>(tokens->super);
+    const auto next = stream->_LT(stream, 1);
+    const auto token = factory->newToken(factory);
+    token->type = type;
+    token->line = next->line;
+    token->charPosition = next->charPosition;
+    token->user1 = qz::kPutIn;
+    return token;
+}
+
+void RaiseTooDeep(Recognizer recognizer) {
+    recognizer->exConstruct(recognizer);
+    recognizer->state->exception->type = ANTLR3_RECOGNITION_EXCEPTION;
+}
+
+void TellTooDeep(Recognizer recognizer) {
+    if (!RuleMemo::Of(recognizer).FirstTimeTooDeep()) return;
+    const auto tokens = ParserOf(recognizer)->tstream;
+    const QZToken token = qz::Describe(*tokens->_LT(tokens, 1));
+    Send(recognizer, {QZPhase::Parser, QZReportKind::NestedTooDeep, token.position,
+                      "nested too deep for the stack; what is nested deeper is not understood"});
+}
+
+}  // namespace
+
+// --------------------------------------------------------------------------------------- called by generated recognizers
+
+pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pANTLR3_RECOGNIZER_SHARED_STATE state) {
+    const auto lexer = (antlr3LexerNewStream)(sizeHint, input, state);
+    if (lexer == nullptr) return nullptr;
+    lexer->recover = DropOneCharacter;
+    lexer->getLine = PlaceEndOfText;
+    lexer->rec->displayRecognitionError = ReportLexerError;
+    lexer->rec->state->userp = nullptr;
+    lexer->rec->state->tokSource->eofToken.input = input;
+    return lexer;
+}
+
+pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 exactToken) {
+    auto* memo = new (std::nothrow) RuleMemo(parser, rules, exactToken);
+    if (memo == nullptr) return nullptr;
+    parser->rec->alreadyParsedRule = HaveParsedRule;
+    parser->rec->memoize = Memoize;
+    parser->rec->displayRecognitionError = ReportParserError;
+    parser->rec->recoverFromMismatchedToken = RepairToken;
+    parser->rec->getMissingSymbol = PutInToken;
+    parser->rec->state->userp = nullptr;
+    return memo->Trie();
+}
+
+ANTLR3_BOOLEAN qzNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer) {
+    if (!RuleMemo::Of(recognizer).StackIsLow(__builtin_frame_address(0))) return ANTLR3_FALSE;
+    TellTooDeep(recognizer);
+    if (recognizer->state->backtracking > 0) {
+        recognizer->state->failed = ANTLR3_TRUE;
+    } else {
+        RaiseTooDeep(recognizer);
+    }
+    return ANTLR3_TRUE;
+}
+
+// ------------------------------------------------------------------------------------------------- called by the host
+
+const QZNode* QZRunEntryRule(const QZGrammar& grammar, void* parser) {
+    RuleMemo::Of((*static_cast<pANTLR3_PARSER*>(parser))->rec).LimitStack(qz::StackLimit());
+    return grammar.runEntryRule(parser);
+}

@@ -1,0 +1,45 @@
+/* What generated recognizers are compiled with. The build includes this header behind the macros that the tool writes at
+ * the top of each file, and puts QZ_GUARD_NESTING at the entry of each rule.
+ */
+#ifndef QZ_RECOGNIZER_H
+#define QZ_RECOGNIZER_H
+
+#include <antlr3.h>
+
+#include "QZParserSQL/dialect/QZRecognizerConstructors.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* A lexer that reports safely and, after an error, drops exactly one character more than its rule has consumed. */
+pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pANTLR3_RECOGNIZER_SHARED_STATE state);
+
+/* The table of rule results of a parser with `rules` rules: successes and failures by rule and token. `exactToken` is
+ * matched without putting in or leaving out a token; 0 for none. Also installs the parser's reporting.
+ */
+pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 exactToken);
+
+/* True near the end of the stack: the rule must not go deeper. Fails the guess, or raises the exception. */
+ANTLR3_BOOLEAN qzNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer);
+
+#ifdef __cplusplus
+}
+#endif
+
+#define antlr3LexerNewStream(hint, input, state) qzLexerNew(hint, input, state)
+#define antlr3IntTrieNew(depth) qzRuleMemoNew(ctx->pParser, QZ_RULE_COUNT, QZ_EXACT_TOKEN)
+#define QZ_GUARD_NESTING(handler)           \
+    if (qzNestedTooDeep(RECOGNIZER)) {      \
+        if (BACKTRACKING > 0) return retval; \
+        goto handler;                       \
+    }
+
+/* The word that a query begins with. */
+#ifdef SELECT_KEYWORD
+#define QZ_EXACT_TOKEN SELECT_KEYWORD
+#else
+#define QZ_EXACT_TOKEN 0
+#endif
+
+#endif

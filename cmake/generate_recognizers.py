@@ -1,0 +1,136 @@
+#!/usr/bin/env python3
+"""Makes the recognizers of one grammar: runs the ANTLR 3 tool, lets no real warning of it through, and fits the C files
+to this library (dialect/recognizer.h). Also writes the grammar's table of functions and the header of its token types.
+
+    generate_recognizers.py GRAMMAR.g OUTPUT_FOLDER TOKENS_HEADER
+"""
+
+import re
+import subprocess
+import sys
+from pathlib import Path
+
+# Messages of the tool's own templates, a few thousand a run; every other warning or error is about the grammar.
+NOISE = re.compile(r"^warning\(24\): +template error: ")
+
+
+def run_tool(grammar: Path, output: Path) -> None:
+    run = subprocess.run(["antlr3", "-fo", str(output), str(grammar)], capture_output=True, text=True, check=False)
+    lines = (run.stdout + run.stderr).splitlines()
+    real = [line for line in lines if line.strip() and not NOISE.match(line)]
+    if real or run.returncode != 0:
+        sys.exit("\n".join(real) or f"antlr3 ended with code {run.returncode}")
+
+
+def include_support(text: str, header: str, defines: str = "") -> str:
+    mark = f'#include    "{header}"\n'
+    if text.count(mark) != 1:
+        sys.exit(f"{header}: not included where it was expected")
+    return text.replace(mark, f'{mark}{defines}#include "QZParserSQL/dialect/recognizer.h"\n')
+
+
+def guard_rules(text: str) -> str:
+    """Puts the guard against too deep nesting at the entry of each rule."""
+    entry = re.compile(r"\b(\w+)_StartIndex = INDEX\(\);(.*?)\n    retval\.tree  = NULL;\n", re.S)
+    guarded, count = entry.subn(lambda m: f"{m.group(0)}    QZ_GUARD_NESTING(rule{m.group(1)}Ex)\n", text)
+    if count == 0 or count != len(re.findall(r"^    rule\w+Ex: ;$", text, re.M)):
+        sys.exit("a rule is not of the expected form")
+    return guarded
+
+
+def fit_parser(path: Path, name: str) -> str:
+    text = path.read_text()
+    rules = 1 + max(int(n) for n in re.findall(r"HAVEPARSEDRULE\((\d+)\)", text))
+    text = include_support(text, f"{name}Parser.h", f"#define QZ_RULE_COUNT {rules}\n")
+    path.write_text(guard_rules(text))
+    entry = re.search(r"^    ctx->(\w+)\t= \1;$", text, re.M)
+    return entry.group(1)
+
+
+def read_tokens(path: Path) -> tuple[dict[str, int], dict[int, str]]:
+    names, literals = {}, {}
+    for line in path.read_text().splitlines():
+        key, number = line.rsplit("=", 1)
+        if key.startswith("'"):
+            literals[int(number)] = key
+        else:
+            names[key] = int(number)
+    return names, literals
+
+
+# The words and signs that count in one case only are shown as their text.
+def display_names(names: dict[str, int], literals: dict[int, str]) -> list[str]:
+    by_number = {number: name for name, number in names.items()}
+    shown = []
+    for number in range(max(by_number) + 1):
+        name = by_number.get(number, "")
+        stands_for_itself = name.startswith(("WORD_", "SIGN_"))
+        shown.append(literals[number] if stands_for_itself else name)
+    return shown
+
+
+def write_token_header(path: Path, name: str, names: dict[str, int]) -> None:
+    rows = "\n".join(f"    {token} = {number}," for token, number in sorted(names.items(), key=lambda kv: kv[1]))
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_text(
+        f"""// The token types of the grammar {name}. Made by the build.
+#pragma once
+
+#include <cstdint>
+
+namespace {name} {{
+
+/// What GetType of a view and QZTypeOf give for a tree of this grammar. WORD_x and SIGN_x are the words and signs that
+/// count in one case only; QZTokenName shows them in quotes.
+enum TokenType : std::uint32_t {{
+{rows}
+}};
+
+}}  // namespace {name}
+"""
+    )
+
+
+def write_table(path: Path, name: str, entry: str, shown: list[str]) -> None:
+    rows = "\n".join("    " + ('"' + s.replace("\\", "\\\\").replace('"', '\\"') + '",' if s else "0,") for s in shown)
+    path.write_text(
+        f"""/* The grammar {name} as a table of functions. Made by the build. */
+#include "{name}Lexer.h"
+#include "{name}Parser.h"
+#include "QZParserSQL/dialect/GrammarTable.h"
+
+static const char* const tokenNames[] = {{
+{rows}
+}};
+
+static void* newLexer(pANTLR3_INPUT_STREAM input) {{ return {name}LexerNew(input); }}
+static void* newParser(pANTLR3_COMMON_TOKEN_STREAM tokens) {{ return {name}ParserNew(tokens); }}
+
+static pANTLR3_BASE_TREE runEntryRule(void* parser) {{
+    p{name}Parser ctx = (p{name}Parser)parser;
+    return ctx->{entry}(ctx).tree;
+}}
+
+static void freeLexer(void* lexer) {{ ((p{name}Lexer)lexer)->free((p{name}Lexer)lexer); }}
+static void freeParser(void* parser) {{ ((p{name}Parser)parser)->free((p{name}Parser)parser); }}
+
+const struct QZGrammar qzGrammar{name} = {{"{name}", tokenNames, sizeof tokenNames / sizeof *tokenNames,
+    newLexer, newParser, runEntryRule, freeLexer, freeParser}};
+"""
+    )
+
+
+def main() -> None:
+    grammar, output = Path(sys.argv[1]).resolve(), Path(sys.argv[2])
+    name = grammar.stem
+    output.mkdir(parents=True, exist_ok=True)
+    run_tool(grammar, output)
+    lexer = output / f"{name}Lexer.c"
+    lexer.write_text(include_support(lexer.read_text(), f"{name}Lexer.h"))
+    entry = fit_parser(output / f"{name}Parser.c", name)
+    names, literals = read_tokens(output / f"{name}.tokens")
+    write_token_header(Path(sys.argv[3]), name, names)
+    write_table(output / f"{name}Grammar.c", name, entry, display_names(names, literals))
+
+
+main()

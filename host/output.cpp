@@ -1,0 +1,48 @@
+#include "host/output.h"
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "host/exit_code.h"
+
+namespace qzsql {
+
+namespace {
+
+constexpr std::size_t kEnough = 64 * 1024;
+
+[[noreturn]] void EndUnwritten(int error) {
+    if (error == EPIPE) std::_Exit(kDone);
+    fmt::print(stderr, "qzsql: standard output: {}\n", std::strerror(error));
+    std::_Exit(kUnreadable);
+}
+
+void WriteAll(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto count = write(STDOUT_FILENO, bytes.data(), bytes.size());
+        if (count >= 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(count));
+        } else if (errno != EINTR) {
+            EndUnwritten(errno);
+        }
+    }
+}
+
+}  // namespace
+
+void Output::Write(std::string_view result) {
+    pending_ += result;
+    if (pending_.size() >= kEnough) Flush();
+}
+
+void Output::Flush() {
+    WriteAll(pending_);
+    pending_.clear();
+}
+
+}  // namespace qzsql

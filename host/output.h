@@ -1,0 +1,25 @@
+// Results on standard output.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace qzsql {
+
+/// Collects results and writes them in large pieces. Where they can't be written there is nothing left to do, so the
+/// process ends: quietly when nobody reads any more, else with the system's reason and kUnreadable.
+class Output {
+ public:
+    Output() = default;
+    ~Output() { Flush(); }
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+
+    void Write(std::string_view result);
+    void Flush();
+
+ private:
+    std::string pending_;
+};
+
+}  // namespace qzsql

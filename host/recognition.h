@@ -1,0 +1,68 @@
+// A query recognized: its tokens, its tree and what the recognizers have to say, in the host's own hands.
+#pragma once
+
+#include <cstddef>
+#include <exception>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "QZParserSQL/dialect/QZRecognizers.h"
+
+namespace qzsql {
+
+/// Made and used on one thread. The text must outlive it.
+class Recognition {
+ public:
+    /// Throws std::bad_alloc, and std::length_error for a text of 2^31 units or more.
+    Recognition(const QZGrammar& grammar, std::u16string_view text);
+    Recognition(const Recognition&) = delete;
+    Recognition& operator=(const Recognition&) = delete;
+
+    /// Hidden tokens included, the end of the text not.
+    std::vector<QZToken> Tokens();
+
+    /// Parses when asked first.
+    const QZNode* Tree();
+
+    /// The reports so far; complete behind Tree(). White space that a lexer drops is not among them, and of very many
+    /// dropped characters only the first ones are.
+    const std::vector<QZReport>& Reports() const { return reports_; }
+
+    const QZGrammar& Grammar() const { return grammar_; }
+    std::u16string_view Text() const { return text_; }
+
+ private:
+    struct Freer {
+        const QZGrammar* grammar = nullptr;
+        void (*free)(const QZGrammar& grammar, void* recognizer) = nullptr;
+        void operator()(void* recognizer) const { free(*grammar, recognizer); }
+    };
+    struct CloseInput {
+        void operator()(QZInputStream* input) const { QZCloseInput(input); }
+    };
+    struct FreeTokens {
+        void operator()(QZTokenStream* tokens) const { QZFreeTokenStream(tokens); }
+    };
+
+    static void Receive(void* self, const QZReport& report);
+    void Add(const QZReport& report);
+    bool IsDroppedWhiteSpace(const QZReport& report) const;
+    void RethrowFailure() const;
+
+    const QZGrammar& grammar_;
+    std::u16string_view text_;
+    std::vector<QZReport> reports_;
+    std::size_t dropped_ = 0;
+    std::exception_ptr failure_;
+    QZReporter reporter_;
+    // Destroyed from the last one to the first, as the library wants it.
+    std::unique_ptr<void, Freer> parser_;
+    std::unique_ptr<void, Freer> lexer_;
+    std::unique_ptr<QZTokenStream, FreeTokens> tokens_;
+    std::unique_ptr<QZInputStream, CloseInput> input_;
+    const QZNode* tree_ = nullptr;
+};
+
+
+}  // namespace qzsql

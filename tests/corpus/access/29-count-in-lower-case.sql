@@ -1,0 +1,1 @@
+select Town, count(*) as Members from tblMember group by Town order by Town;
