@@ -6,6 +6,7 @@ build_packages="g++ cmake ninja-build pkg-config python3-minimal antlr3 libantlr
 test_packages="libgtest-dev python3"
 lint_packages="clang-format clang-tidy"
 valgrind_packages="valgrind"
+bench_packages="libbenchmark-dev"
 
 missing_of() {
     for package in "$@"; do
