@@ -1,7 +1,8 @@
 #include "host/caret.h"
 
 #include <unicode/uchar.h>
-#include <unicode/utf16.h>
+
+#include <cstdint>
 
 #include "host/unicode.h"
 
@@ -15,20 +16,22 @@ constexpr int kTab = 8;
 constexpr std::string_view kIndent = "    ";
 constexpr std::string_view kEllipsis = "…";
 
-bool IsWide(UChar32 character) {
-    const auto width = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
+bool IsWide(char32_t character) {
+    const auto width = u_getIntPropertyValue(static_cast<UChar32>(character), UCHAR_EAST_ASIAN_WIDTH);
     return width == U_EA_FULLWIDTH || width == U_EA_WIDE;
 }
 
-bool IsCombining(UChar32 character) { return (U_GET_GC_MASK(character) & (U_GC_MN_MASK | U_GC_ME_MASK)) != 0; }
+bool HasCategory(char32_t character, std::uint32_t mask) {
+    return (U_MASK(u_charType(static_cast<UChar32>(character))) & mask) != 0;
+}
 
-int Columns(UChar32 character) {
+int Columns(char32_t character) {
     if (character == '\t') return kTab;
-    return IsCombining(character) ? 0 : IsWide(character) ? 2 : 1;
+    return HasCategory(character, U_GC_MN_MASK | U_GC_ME_MASK) ? 0 : IsWide(character) ? 2 : 1;
 }
 
 /// What a character takes of the room that there is. Combining ones count too, or the line could grow without end.
-int Cost(UChar32 character) { return Columns(character) == 0 ? 1 : Columns(character); }
+int Cost(char32_t character) { return Columns(character) == 0 ? 1 : Columns(character); }
 
 bool EndsLine(std::u16string_view text, std::size_t at) {
     return text[at] == u'\n' || (text[at] == u'\r' && (at + 1 == text.size() || text[at + 1] == u'\n'));
@@ -37,9 +40,9 @@ bool EndsLine(std::u16string_view text, std::size_t at) {
 std::size_t BeginOfLine(std::u16string_view text, std::size_t offset) {
     int room = kBefore;
     while (offset > 0 && text[offset - 1] != u'\n' && room > 0) {
-        UChar32 character = 0;
-        U16_PREV(text.data(), 0, offset, character);
-        room -= Cost(character);
+        offset = BeginOfCharacter(text, offset);
+        auto behind = offset;
+        room -= Cost(NextCharacter(text, behind));
     }
     return offset;
 }
@@ -47,18 +50,16 @@ std::size_t BeginOfLine(std::u16string_view text, std::size_t offset) {
 std::size_t EndOfLine(std::u16string_view text, std::size_t offset) {
     int room = kBehind;
     while (offset < text.size() && !EndsLine(text, offset) && room > 0) {
-        UChar32 character = 0;
-        U16_NEXT(text.data(), offset, text.size(), character);
-        room -= Cost(character);
+        room -= Cost(NextCharacter(text, offset));
     }
     return offset;
 }
 
 /// Nothing that a terminal would act on, and one column for what has no picture of its own.
-UChar32 Visible(UChar32 character) {
-    if (character == '\t' || U_IS_UNICODE_CHAR(character) == 0) return character == '\t' ? character : 0xFFFD;
+char32_t Visible(char32_t character) {
+    if (character == '\t') return character;
     if (character < 0x20) return 0x2400 + character;
-    return u_isISOControl(character) || u_charType(character) == U_FORMAT_CHAR ? 0xFFFD : character;
+    return HasCategory(character, U_GC_C_MASK) ? 0xFFFD : character;
 }
 
 /// The part of a line as it is shown, and blanks of the same width.
@@ -70,14 +71,8 @@ struct Shown {
 Shown Show(std::u16string_view part) {
     Shown shown;
     for (std::size_t at = 0; at < part.size();) {
-        UChar32 character = 0;
-        U16_NEXT(part.data(), at, part.size(), character);
-        character = Visible(character);
-        if (U_IS_BMP(character)) {
-            shown.text += static_cast<char16_t>(character);
-        } else {
-            shown.text += {U16_LEAD(character), U16_TRAIL(character)};
-        }
+        const auto character = Visible(NextCharacter(part, at));
+        AppendCharacter(shown.text, character);
         shown.blanks += character == '\t' ? "\t" : std::string(static_cast<std::size_t>(Columns(character)), ' ');
     }
     return shown;

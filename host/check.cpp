@@ -78,10 +78,9 @@ std::string_view NameOf(Status status) {
 
 bool IsError(const QZReport& report) { return report.kind != QZReportKind::DroppedCharacter; }
 
-bool IsNestedTooDeep(const Verdict& verdict) {
-    return std::any_of(verdict.reports.begin(), verdict.reports.end(), [](const QZReport& report) {
-        return report.kind == QZReportKind::NestedTooDeep;
-    });
+bool IsNestedTooDeep(const std::vector<QZReport>& reports) {
+    return std::any_of(reports.begin(), reports.end(),
+                       [](const QZReport& report) { return report.kind == QZReportKind::NestedTooDeep; });
 }
 
 Verdict Judge(Recognition& recognition) {

@@ -33,7 +33,7 @@ Verdict Judge(Recognition& recognition);
 
 /// Dropped characters are warnings, all else is an error.
 bool IsError(const QZReport& report);
-bool IsNestedTooDeep(const Verdict& verdict);
+bool IsNestedTooDeep(const std::vector<QZReport>& reports);
 
 /// The status on a line of its own, then what led to it with line, column and a caret.
 std::string VerdictAsText(const Verdict& verdict, std::u16string_view text);

@@ -42,8 +42,9 @@ std::u16string DecodeUtf8(std::string_view bytes) {
     try {
         return FromUtf8(bytes.substr(mark));
     } catch (const NotUtf8& error) {
-        throw std::runtime_error(fmt::format(
-            "byte {} is not UTF-8; convert the text to UTF-8, or to UTF-16 with a byte-order mark", error.offset + mark));
+        throw std::runtime_error(
+            fmt::format("byte {} is not UTF-8; convert the text to UTF-8, or to UTF-16 with a byte-order mark",
+                        error.offset + mark));
     }
 }
 
@@ -71,10 +72,12 @@ ExitCode ForEachInput(const InputNames& names, const std::function<ExitCode(cons
     ExitCode worst = kDone;
     std::size_t number = 0;
     for (const auto& text : names.texts) {
-        worst = std::max(worst, Use(fmt::format("-e {}", ++number), [&text] { return text; }, use));
+        worst = std::max(worst, Use(
+                                    fmt::format("-e {}", ++number), [&text] { return text; }, use));
     }
     for (const auto& name : names.files) {
-        worst = std::max(worst, Use(name, [&name] { return File(name).ReadAll(); }, use));
+        worst = std::max(worst, Use(
+                                    name, [&name] { return File(name).ReadAll(); }, use));
     }
     return worst;
 }

@@ -1,5 +1,4 @@
-// One line of a batch: a flat JSON object. A reader of its own because lone surrogates must come through, an id must stay
-// as it was written, and nesting in a hostile line must not be followed by recursion.
+// One line of a batch: {"id":any,"sql":"...","dialect":"..."}.
 #pragma once
 
 #include <optional>
@@ -10,15 +9,12 @@ namespace qzsql {
 
 /// Of a key that stands there twice the last value counts; other keys are read over.
 struct Record {
-    std::string id = "null";  // the JSON text
-    std::optional<std::u16string> sql;
-    std::optional<std::string> dialect;
-    std::string error;  // what is wrong with the line, or empty; the id is kept where it was complete
+    std::string id = "null";             // as it is written
+    std::optional<std::u16string> sql;   // none where it is missing or no string
+    std::optional<std::string> dialect;  // what is no string, as it is written
+    std::string error;                   // what is wrong with the line, or empty; an id read before it is kept
 };
 
 Record ReadRecord(std::string_view line);
-
-/// True for a line of white space only.
-bool IsBlank(std::string_view line);
 
 }  // namespace qzsql

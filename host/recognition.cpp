@@ -27,26 +27,33 @@ Pointer NotNull(Pointer pointer) {
 
 }  // namespace
 
+Recognition::Recognizers::~Recognizers() {
+    QZCloseInput(input);
+    QZFreeTokenStream(tokens);
+    QZFreeLexer(grammar, lexer);
+    QZFreeParser(grammar, parser);
+}
+
 Recognition::Recognition(const QZGrammar& grammar, std::u16string_view text)
-    : grammar_(grammar), text_(text), reporter_{Receive, this} {
-    input_.reset(NotNull(antlr3NewUCS2StringInPlaceStream(text.data(), SizeOf(text), nullptr)));
-    lexer_ = {NotNull(QZNewLexer(grammar, input_.get())), Freer{&grammar, QZFreeLexer}};
-    QZSetLexerReporter(lexer_.get(), &reporter_);
-    tokens_.reset(NotNull(QZNewTokenStream(lexer_.get())));
+    : text_(text), reporter_{Receive, this}, recognizers_(grammar) {
+    recognizers_.input = NotNull(antlr3NewUCS2StringInPlaceStream(text.data(), SizeOf(text), nullptr));
+    recognizers_.lexer = NotNull(QZNewLexer(grammar, recognizers_.input));
+    QZSetLexerReporter(recognizers_.lexer, &reporter_);
+    recognizers_.tokens = NotNull(QZNewTokenStream(recognizers_.lexer));
 }
 
 std::vector<QZToken> Recognition::Tokens() {
-    std::vector<QZToken> tokens(QZTokenCount(tokens_.get()));
+    std::vector<QZToken> tokens(QZTokenCount(recognizers_.tokens));
     RethrowFailure();
-    for (std::size_t i = 0; i < tokens.size(); ++i) tokens[i] = QZTokenAt(tokens_.get(), i);
+    for (std::size_t i = 0; i < tokens.size(); ++i) tokens[i] = QZTokenAt(recognizers_.tokens, i);
     return tokens;
 }
 
 const QZNode* Recognition::Tree() {
     if (tree_ != nullptr) return tree_;
-    parser_ = {NotNull(QZNewParser(grammar_, tokens_.get())), Freer{&grammar_, QZFreeParser}};
-    QZSetParserReporter(parser_.get(), &reporter_);
-    tree_ = NotNull(QZRunEntryRule(grammar_, parser_.get()));
+    recognizers_.parser = NotNull(QZNewParser(Grammar(), recognizers_.tokens));
+    QZSetParserReporter(recognizers_.parser, &reporter_);
+    tree_ = NotNull(QZRunEntryRule(Grammar(), recognizers_.parser));
     RethrowFailure();
     return tree_;
 }

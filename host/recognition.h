@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <exception>
-#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -29,20 +28,22 @@ class Recognition {
     /// dropped characters only the first ones are.
     const std::vector<QZReport>& Reports() const { return reports_; }
 
-    const QZGrammar& Grammar() const { return grammar_; }
+    const QZGrammar& Grammar() const { return recognizers_.grammar; }
     std::u16string_view Text() const { return text_; }
 
  private:
-    struct Freer {
-        const QZGrammar* grammar = nullptr;
-        void (*free)(const QZGrammar& grammar, void* recognizer) = nullptr;
-        void operator()(void* recognizer) const { free(*grammar, recognizer); }
-    };
-    struct CloseInput {
-        void operator()(QZInputStream* input) const { QZCloseInput(input); }
-    };
-    struct FreeTokens {
-        void operator()(QZTokenStream* tokens) const { QZFreeTokenStream(tokens); }
+    /// Frees what there is in the order that the library wants.
+    struct Recognizers {
+        explicit Recognizers(const QZGrammar& madeFor) : grammar(madeFor) {}
+        ~Recognizers();
+        Recognizers(const Recognizers&) = delete;
+        Recognizers& operator=(const Recognizers&) = delete;
+
+        const QZGrammar& grammar;
+        QZInputStream* input = nullptr;
+        void* lexer = nullptr;
+        QZTokenStream* tokens = nullptr;
+        void* parser = nullptr;
     };
 
     static void Receive(void* self, const QZReport& report);
@@ -50,19 +51,13 @@ class Recognition {
     bool IsDroppedWhiteSpace(const QZReport& report) const;
     void RethrowFailure() const;
 
-    const QZGrammar& grammar_;
     std::u16string_view text_;
     std::vector<QZReport> reports_;
     std::size_t dropped_ = 0;
     std::exception_ptr failure_;
     QZReporter reporter_;
-    // Destroyed from the last one to the first, as the library wants it.
-    std::unique_ptr<void, Freer> parser_;
-    std::unique_ptr<void, Freer> lexer_;
-    std::unique_ptr<QZTokenStream, FreeTokens> tokens_;
-    std::unique_ptr<QZInputStream, CloseInput> input_;
+    Recognizers recognizers_;
     const QZNode* tree_ = nullptr;
 };
-
 
 }  // namespace qzsql

@@ -26,8 +26,8 @@ void AppendJsonNode(std::string& out, const QZGrammar& grammar, const QZNode* no
     AppendJson(out, QZTextOf(grammar, node));
     if (QZKindOf(node) == QZNodeKind::Token) {
         const auto position = QZTokenOf(node).position;
-        fmt::format_to(std::back_inserter(out), R"(,"line":{},"column":{},"offset":{})", position.line,
-                       position.column, position.offset);
+        fmt::format_to(std::back_inserter(out), R"(,"line":{},"column":{},"offset":{})", position.line, position.column,
+                       position.offset);
     }
     out += ",\"children\":[";
 }

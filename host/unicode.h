@@ -26,6 +26,12 @@ void AppendJson(std::string& out, std::u16string_view text);
 /// The same from UTF-8; bytes that are not UTF-8 become U+FFFD.
 void AppendJson(std::string& out, std::string_view utf8);
 
+/// Reads the character at `at`, which must be in the text, and moves behind it. A lone surrogate is one.
+char32_t NextCharacter(std::u16string_view text, std::size_t& at);
+/// Where the character that ends at `at` begins.
+std::size_t BeginOfCharacter(std::u16string_view text, std::size_t at);
+void AppendCharacter(std::u16string& out, char32_t character);
+
 /// Appends text that is known to be ASCII.
 void AppendAscii(std::u16string& out, std::string_view ascii);
 

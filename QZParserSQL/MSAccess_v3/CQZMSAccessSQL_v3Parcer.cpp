@@ -1,5 +1,7 @@
 #include "QZParserSQL/MSAccess_v3/CQZMSAccessSQL_v3Parcer.h"
 
+#include <new>
+
 #include "QZParserSQL/MSAccess_v3/CQZMSAccessSQL_v3Tree.h"
 #include "QZParserSQL/dialect/ParserPipeline.h"
 
@@ -12,9 +14,18 @@ class CQZMSAccessSQL_v3ParcerImp final : public ParserPipeline {
     CQZMSAccessSQL_v3ParcerImp() : ParserPipeline(QZGrammarMSAccessSQL_v3(), CQZMSAccessSQL_v3Tree::New) {}
 };
 
-CQZMSAccessSQL_v3Parcer::CQZMSAccessSQL_v3Parcer() : m_pImp(std::make_unique<CQZMSAccessSQL_v3ParcerImp>()) {}
+CQZMSAccessSQL_v3Parcer::CQZMSAccessSQL_v3Parcer() : m_pImp(new (std::nothrow) CQZMSAccessSQL_v3ParcerImp) {}
 CQZMSAccessSQL_v3Parcer::~CQZMSAccessSQL_v3Parcer() = default;
 
-void CQZMSAccessSQL_v3Parcer::ParseSQL() { m_pImp->ParseSQL(); }
-void CQZMSAccessSQL_v3Parcer::SetSQL(CString& strSQL) { m_pImp->SetSQL(strSQL); }
-void CQZMSAccessSQL_v3Parcer::GetSQLTree(CQZSQLTree** ppTree) { m_pImp->GetSQLTree(ppTree); }
+void CQZMSAccessSQL_v3Parcer::ParseSQL() {
+    if (m_pImp) m_pImp->ParseSQL();
+}
+
+void CQZMSAccessSQL_v3Parcer::SetSQL(CString& strSQL) {
+    if (m_pImp) m_pImp->SetSQL(strSQL);
+}
+
+void CQZMSAccessSQL_v3Parcer::GetSQLTree(CQZSQLTree** ppTree) {
+    *ppTree = nullptr;
+    if (m_pImp) m_pImp->GetSQLTree(ppTree);
+}

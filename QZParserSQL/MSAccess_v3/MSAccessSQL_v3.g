@@ -804,7 +804,7 @@ number
     : (PLUS | MINUS)?
       ( exp_number
       | DOT DIGIT
-      | DIGIT (DOT DIGIT)?
+      | (DIGIT)=> DIGIT (DOT DIGIT)?  // always taken where no exponent follows: 1 . a is 1, and . a trails
       | NOT_KEYWORD
       | NULL_KEYWORD
       | TRUE_KEYWORD

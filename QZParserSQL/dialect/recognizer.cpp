@@ -36,13 +36,16 @@ class RuleMemo {
     static RuleMemo& Of(Recognizer recognizer) { return *Of(recognizer->state->ruleMemo); }
     pANTLR3_INT_TRIE Trie() { return &trie_; }
 
-    // 0 for unknown, kFailed, or the index behind the rule's last token + kSuccess.
-    ANTLR3_UINT32& At(ANTLR3_MARKER token, ANTLR3_MARKER rule) {
+    // 0 for unknown, kFailed, or the index behind the rule's last token + kSuccess. Where memory fails, nothing is
+    // remembered: no exception may pass through generated code.
+    ANTLR3_UINT32& At(ANTLR3_MARKER token, ANTLR3_MARKER rule) try {
         const auto place = static_cast<std::size_t>(token);
         if (place >= rows_.size()) rows_.resize(place + place / 2 + 64);
         auto& row = rows_[place];
         if (row == nullptr) row.reset(new ANTLR3_UINT32[rules_]());
         return row[static_cast<std::size_t>(rule)];
+    } catch (const std::bad_alloc&) {
+        return forgotten_ = 0;
     }
 
     bool IsExact(ANTLR3_UINT32 token) const { return exactToken_ != 0 && token == exactToken_; }
@@ -63,6 +66,7 @@ class RuleMemo {
     ANTLR3_UINT32 exactToken_;
     decltype(ANTLR3_BASE_RECOGNIZER::recoverFromMismatchedToken) repairToken_;
     std::vector<std::unique_ptr<ANTLR3_UINT32[]>> rows_;
+    ANTLR3_UINT32 forgotten_ = 0;
     const void* stackLimit_ = nullptr;
     bool toldTooDeep_ = false;
 };
@@ -128,7 +132,7 @@ std::string ParserMessage(Recognizer recognizer, const ANTLR3_EXCEPTION& excepti
 }
 
 // A missing token's report carries the token put in; what was found instead is the next one.
-void ReportParserError(Recognizer recognizer, pANTLR3_UINT8*) {
+void ReportParserError(Recognizer recognizer, pANTLR3_UINT8*) try {
     const auto& exception = *recognizer->state->exception;
     const auto tokens = ParserOf(recognizer)->tstream;
     auto* found = static_cast<pANTLR3_COMMON_TOKEN>(exception.token);
@@ -136,6 +140,7 @@ void ReportParserError(Recognizer recognizer, pANTLR3_UINT8*) {
     const QZToken token = qz::Describe(*found);
     Send(recognizer,
          {QZPhase::Parser, QZReportKind::SyntaxError, token.position, ParserMessage(recognizer, exception, token)});
+} catch (...) {  // the report is lost, the parse goes on: nothing may be thrown through generated code
 }
 
 // Reports form a chain in the runtime; all but the last one go at once, so that a text of stray characters costs no
@@ -148,7 +153,7 @@ void DropOlder(pANTLR3_EXCEPTION exception) {
 
 constexpr ANTLR3_UINT32 kReported = 1;
 
-void ReportLexerError(Recognizer recognizer, pANTLR3_UINT8*) {
+void ReportLexerError(Recognizer recognizer, pANTLR3_UINT8*) try {
     auto& state = *recognizer->state;
     state.user3 = kReported;
     const auto lexer = static_cast<pANTLR3_LEXER>(recognizer->super);
@@ -164,6 +169,7 @@ void ReportLexerError(Recognizer recognizer, pANTLR3_UINT8*) {
     Send(recognizer, {QZPhase::Lexer, QZReportKind::DroppedCharacter, position,
                       fmt::format("{} {} and is left out", Quoted({begin, dropped}), why)});
     DropOlder(recognizer->state->exception);
+} catch (...) {  // the report is lost, the parse goes on: nothing may be thrown through generated code
 }
 
 // ---------------------------------------------------------------------------------------------------------- recovery
@@ -210,12 +216,13 @@ void RaiseTooDeep(Recognizer recognizer) {
     recognizer->state->exception->type = ANTLR3_RECOGNITION_EXCEPTION;
 }
 
-void TellTooDeep(Recognizer recognizer) {
+void TellTooDeep(Recognizer recognizer) try {
     if (!RuleMemo::Of(recognizer).FirstTimeTooDeep()) return;
     const auto tokens = ParserOf(recognizer)->tstream;
     const QZToken token = qz::Describe(*tokens->_LT(tokens, 1));
     Send(recognizer, {QZPhase::Parser, QZReportKind::NestedTooDeep, token.position,
                       "nested too deep for the stack; what is nested deeper is not understood"});
+} catch (...) {  // the report is lost, the parse goes on: nothing may be thrown through generated code
 }
 
 }  // namespace

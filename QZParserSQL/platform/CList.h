@@ -49,8 +49,8 @@ class CList {
 
     /// The block size is a hint that needs no heeding: elements are allotted one by one.
     explicit CList(int /*blockSize*/ = 10) {}
-    CList(CList&&) = default;
-    CList& operator=(CList&&) = default;
+    CList(CList&&) noexcept = default;
+    CList& operator=(CList&&) noexcept = default;
 
     int GetCount() const { return static_cast<int>(m_Nodes.size()); }
     bool IsEmpty() const { return m_Nodes.empty(); }

@@ -24,7 +24,7 @@ class QZStringMap {
     QZStringMap(const QZStringMap& other) {
         for (const Entry& entry : other) SetAt(entry.key, entry.value);
     }
-    QZStringMap(QZStringMap&&) = default;
+    QZStringMap(QZStringMap&&) noexcept = default;
     QZStringMap& operator=(QZStringMap other) {
         std::swap(m_Entries, other.m_Entries);
         std::swap(m_Positions, other.m_Positions);

@@ -6,7 +6,6 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "QZParserSQL/platform/Export.h"
 
@@ -97,7 +96,6 @@ class QZ_API CString {
     CString& operator+=(int) = delete;
 
     friend CString operator+(std::u16string_view left, std::u16string_view right) { return CString(left) += right; }
-    friend CString operator+(CString&& left, std::u16string_view right) { return std::move(left += right); }
     friend bool operator==(std::u16string_view left, std::u16string_view right) { return left.compare(right) == 0; }
     friend bool operator!=(std::u16string_view left, std::u16string_view right) { return left.compare(right) != 0; }
     friend bool operator<(std::u16string_view left, std::u16string_view right) { return left.compare(right) < 0; }

@@ -182,7 +182,7 @@ def enclosed_token(units, at):
 
 
 def token_lines(tokens):
-    return [token.label() + (' @hidden' if token.hidden else '') for token in tokens]
+    return [token.label() + (' @hidden' if token.hidden else '') for token in tokens if token.type != EOF]
 
 
 # ------------------------------------------------------------------------------------------------- forms of rules
