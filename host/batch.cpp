@@ -140,7 +140,7 @@ ExitCode RunBatch(const BatchRequest& request) {
     const auto write = [&](const Answer& answer, bool isLast) {
         worst = std::max(worst, answer.code);
         progress.Count();
-        progress.Hide();
+        progress.MakeRoom();
         output.Write(answer.text);
         output.Write("\n");
         if (isLast) output.Flush();

@@ -48,16 +48,17 @@ std::u16string DecodeUtf8(std::string_view bytes) {
     }
 }
 
+/// No failure keeps the inputs that follow from being handled.
 ExitCode Use(const std::string& name, const std::function<std::string()>& read,
              const std::function<ExitCode(const Input&)>& use) {
     Input input{name, {}};
     try {
         input.text = DecodeText(read());
+        return use(input);
     } catch (const std::exception& error) {
         fmt::print(stderr, "qzsql: {}: {}\n", name, error.what());
         return kUnreadable;
     }
-    return use(input);
 }
 
 }  // namespace

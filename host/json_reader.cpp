@@ -39,6 +39,10 @@ void JsonReader::Expect(char character) {
     if (!Take(character)) Fail(fmt::format("'{}' expected", character));
 }
 
+void JsonReader::ExpectEnd(char closer) {
+    if (!Take(closer)) Fail(fmt::format("',' or '{}' expected", closer));
+}
+
 bool JsonReader::IsString() {
     SkipBlanks();
     return Peek() == '"';
@@ -84,7 +88,7 @@ void JsonReader::ReadClosings(std::string& closers) {
             if (closers.back() == '}') ReadKey();
             return;
         }
-        Expect(closers.back());
+        ExpectEnd(closers.back());
         closers.pop_back();
     }
 }

@@ -18,6 +18,8 @@ class JsonReader {
     /// True, and moves on, where this character is next.
     bool Take(char character);
     void Expect(char character);
+    /// The end of an object or array that a comma could have gone on.
+    void ExpectEnd(char closer);
     bool IsString();
     std::u16string ReadString();
     /// A string and the colon behind it.

@@ -30,7 +30,7 @@ void ReadMembers(JsonReader& reader, Record& record) {
     for (bool more = true; more;) {
         const auto id = ReadMember(reader, record);
         more = reader.Take(',');
-        if (!more) reader.Expect('}');
+        if (!more) reader.ExpectEnd('}');
         if (!id.empty()) record.id = id;
     }
 }

@@ -13,7 +13,11 @@ constexpr std::chrono::milliseconds kPause{200};
 
 }  // namespace
 
-Progress::Progress() : isTerminal_(isatty(STDERR_FILENO) != 0) {}
+Progress::Progress() : isTerminal_(isatty(STDERR_FILENO) != 0), isShared_(isatty(STDOUT_FILENO) != 0) {}
+
+void Progress::MakeRoom() {
+    if (isShared_) Hide();
+}
 
 void Progress::Hide() {
     if (isShown_) fmt::print(stderr, "\r\x1b[K");

@@ -15,15 +15,18 @@ class Progress {
     Progress& operator=(const Progress&) = delete;
 
     void Count() { ++count_; }
-    /// Makes room for results, which may go to the same terminal.
-    void Hide();
+    /// To be called before results are written: they may go to the same terminal.
+    void MakeRoom();
     /// Shows the count and the speed; often called, it writes some times a second.
     void Show();
 
  private:
+    void Hide();
+
     using Clock = std::chrono::steady_clock;
 
     bool isTerminal_;
+    bool isShared_;
     bool isShown_ = false;
     std::size_t count_ = 0;
     Clock::time_point start_ = Clock::now();

@@ -23,9 +23,12 @@ need() {
         echo "These packages are missing and only root or sudo can install them: $missing" >&2
         exit 3
     fi
-    $as_root apt-get update -qq >&2 || echo "The package lists could not be renewed; going on with what is there." >&2
+    log=$(mktemp)
+    $as_root apt-get update -qq >"$log" 2>&1 || echo "The package lists could not be renewed; going on as they are." >&2
     # shellcheck disable=SC2086
-    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >&2 || true
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing \
+        >>"$log" 2>&1 || tail -n 20 "$log" >&2
+    rm -f "$log"
     missing=$(missing_of "$@")
     [ -z "$missing" ] || { echo "Could not be installed: $missing" >&2; exit 3; }
 }

@@ -13,24 +13,27 @@ const ANTLR3_COMMON_TOKEN* PayloadOf(const QZNode* node) {
     return static_cast<const ANTLR3_COMMON_TREE*>(node->super)->token;
 }
 
+// Start and stop are addresses in the query, stop being the last byte of the last unit.
+std::u16string_view UnitsOf(const ANTLR3_COMMON_TOKEN& token) {
+    return {reinterpret_cast<const char16_t*>(token.start), (token.stop + 1 - token.start) / sizeof(char16_t)};
+}
+
 std::u16string Widened(const char* ascii) { return {ascii, ascii + std::char_traits<char>::length(ascii)}; }
 
 }  // namespace
 
 namespace qz {
 
-// Start and stop are addresses in the query, stop being the last byte of the last unit.
 QZToken Describe(const ANTLR3_COMMON_TOKEN& token) {
     QZToken described;
     described.type = token.type;
     described.hidden = token.channel == HIDDEN;
     described.position.line = token.line;
     described.position.column = static_cast<std::uint32_t>(token.charPosition) + 1;
-    const auto* begin = reinterpret_cast<const char16_t*>(token.start);
-    const auto* end = reinterpret_cast<const char16_t*>(token.stop + 1);
     if (token.input == nullptr) return described;
-    described.position.offset = static_cast<std::size_t>(begin - static_cast<const char16_t*>(token.input->data));
-    if (token.type != ANTLR3_TOKEN_EOF) described.text = {begin, static_cast<std::size_t>(end - begin)};
+    const auto* text = static_cast<const char16_t*>(token.input->data);
+    described.position.offset = static_cast<std::size_t>(reinterpret_cast<const char16_t*>(token.start) - text);
+    if (token.type != ANTLR3_TOKEN_EOF) described.text = UnitsOf(token);
     return described;
 }
 
@@ -117,7 +120,7 @@ std::u16string QZTextOf(const QZGrammar& grammar, const QZNode* node) {
         case QZNodeKind::EndOfText:
             return u"<EOF>";
         case QZNodeKind::Token:
-            return std::u16string(QZTokenOf(node).text);
+            return std::u16string(UnitsOf(*PayloadOf(node)));
         case QZNodeKind::Imaginary:
             return Widened(QZTokenName(grammar, QZTypeOf(node)));
         case QZNodeKind::Missing:

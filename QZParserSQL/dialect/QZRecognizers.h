@@ -113,5 +113,5 @@ QZ_API std::uint32_t QZChildCount(const QZNode* node);
 QZ_API const QZNode* QZChildAt(const QZNode* node, std::uint32_t index);
 /// "nil", "Tree Error Node", "<EOF>", the name of an imaginary node, the exact text of a token, "<missing RIGHT_PAREN>".
 QZ_API std::u16string QZTextOf(const QZGrammar& grammar, const QZNode* node);
-/// The token of a node of kind Token or EndOfText; for other nodes all fields are 0.
+/// The token of a node of kind Token or EndOfText, for as long as the input is open; for other nodes all fields are 0.
 QZ_API QZToken QZTokenOf(const QZNode* node);
