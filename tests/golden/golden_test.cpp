@@ -1,0 +1,228 @@
+// Golden trees: every case of golden/<dialect>/*.txt and every query of corpus/<dialect>/ has the tree that its file
+// shows, and the invariants of invariants.h hold for it. With QZ_UPDATE_GOLDEN=1 the trees are rewritten in place
+// first.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
+#include <iterator>
+#include <ostream>
+#include <set>
+
+#include "tests/golden/Dialect.h"
+#include "tests/golden/GoldenFile.h"
+#include "tests/golden/invariants.h"
+#include "tests/support/Outline.h"
+#include "tests/support/Recognition.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct CaseFile {
+    const Dialect& dialect;
+    fs::path path;
+    std::vector<GoldenCase> cases;
+    std::string (*format)(const std::vector<GoldenCase>&);
+};
+
+std::vector<fs::path> FilesIn(const fs::path& folder, const std::string& extension) {
+    std::vector<fs::path> paths;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+        if (entry.path().extension() == extension) paths.push_back(entry.path());
+    }
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+fs::path Tests(const char* folder, const Dialect& dialect) {
+    return fs::path(QZ_SOURCE_FOLDER) / "tests" / folder / dialect.folder;
+}
+
+CaseFile GoldenFileAt(const Dialect& dialect, const fs::path& path) {
+    return {dialect, path, ParseCases(ReadFile(path)), FormatCases};
+}
+
+/// A query without a tree is a case whose tree is yet to be made.
+CaseFile CorpusFileAt(const Dialect& dialect, const fs::path& query) {
+    const fs::path path = fs::path(query).replace_extension(".tree");
+    GoldenCase golden = ParseTree(fs::exists(path) ? ReadFile(path) : "");
+    golden.title = query.stem().string();
+    golden.sql = ReadFile(query);
+    return {dialect, path, {golden}, [](const std::vector<GoldenCase>& cases) { return FormatTree(cases.front()); }};
+}
+
+std::vector<CaseFile> ReadGoldens() {
+    const Dialect& dialect = AccessDialect();
+    std::vector<CaseFile> files;
+    for (const fs::path& path : FilesIn(Tests("golden", dialect), ".txt")) files.push_back(GoldenFileAt(dialect, path));
+    return files;
+}
+
+std::vector<CaseFile> ReadCorpus() {
+    const Dialect& dialect = AccessDialect();
+    std::vector<CaseFile> files;
+    for (const fs::path& path : FilesIn(Tests("corpus", dialect), ".sql")) files.push_back(CorpusFileAt(dialect, path));
+    return files;
+}
+
+std::vector<CaseFile>& Goldens() {
+    static std::vector<CaseFile> files = ReadGoldens();
+    return files;
+}
+
+std::vector<CaseFile>& Corpus() {
+    static std::vector<CaseFile> files = ReadCorpus();
+    return files;
+}
+
+bool HasErrorNode(const QZNode* root) {
+    const std::vector<TreeLine> lines = TreeLines(root);
+    return std::any_of(lines.begin(), lines.end(),
+                       [](const TreeLine& line) { return QZKindOf(line.node) == QZNodeKind::Error; });
+}
+
+std::string ReportLine(const QZReport& report) {
+    return "! " + std::to_string(report.position.line) + ':' + std::to_string(report.position.column) + ' ' +
+           report.message + '\n';
+}
+
+Outcome OutcomeOf(const Recognition& recognition) {
+    Outcome outcome;
+    outcome.error = !recognition.ParserReports().empty() || HasErrorNode(recognition.Root());
+    outcome.tree = Outline(recognition.Grammar(), recognition.Root());
+    if (outcome.error) {
+        for (const QZReport& report : recognition.Reports()) outcome.tree += ReportLine(report);
+    }
+    return outcome;
+}
+
+void Rewrite(CaseFile& file) {
+    for (GoldenCase& golden : file.cases) {
+        Adopt(golden, OutcomeOf(Recognition(FromUtf8(golden.sql), file.dialect.grammar)));
+    }
+    WriteFile(file.path, file.format(file.cases));
+}
+
+class RewriteOnDemand : public testing::Environment {
+ public:
+    void SetUp() override {
+        const Rewriting rewriting = RewritingFor(std::getenv("QZ_UPDATE_GOLDEN"), std::getenv("CI"));
+        ASSERT_NE(rewriting, Rewriting::Refused) << "golden trees are not rewritten on CI";
+        if (rewriting == Rewriting::Off) return;
+        for (CaseFile& file : Goldens()) Rewrite(file);
+        for (CaseFile& file : Corpus()) Rewrite(file);
+    }
+};
+
+// NOLINTNEXTLINE(cert-err58-cpp): nothing could go on without it
+const testing::Environment* const rewriteOnDemand = testing::AddGlobalTestEnvironment(new RewriteOnDemand);
+
+/// A case by its place, as its tree may be rewritten before the test runs.
+struct CaseId {
+    std::vector<CaseFile>& (*files)();
+    std::size_t file;
+    std::size_t index;
+
+    const CaseFile& File() const { return files()[file]; }
+    const GoldenCase& Case() const { return File().cases[index]; }
+    std::string Name() const {
+        const std::string stem = File().path.stem().string();
+        return stem == Case().title ? stem : stem + '/' + Case().title;
+    }
+};
+
+void PrintTo(const CaseId& id, std::ostream* out) { *out << id.Name(); }
+
+std::vector<CaseId> AllCases(std::vector<CaseFile>& (*files)()) {
+    std::vector<CaseId> ids;
+    for (std::size_t file = 0; file < files().size(); ++file) {
+        for (std::size_t index = 0; index < files()[file].cases.size(); ++index) ids.push_back({files, file, index});
+    }
+    return ids;
+}
+
+std::string TestName(const testing::TestParamInfo<CaseId>& info) {
+    std::string name = info.param.Name();
+    std::replace_if(
+        name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
+    return name;
+}
+
+class Golden : public testing::TestWithParam<CaseId> {};
+
+TEST_P(Golden, Tree) {
+    const Dialect& dialect = GetParam().File().dialect;
+    const GoldenCase& golden = GetParam().Case();
+    const Recognition recognition(FromUtf8(golden.sql), dialect.grammar);
+    const Outcome outcome = OutcomeOf(recognition);
+    EXPECT_NE(golden.heading.find('#'), std::string::npos) << "a case says why its tree looks so";
+    EXPECT_EQ(outcome.error, golden.error) << "an error node or a report, against the mark of the case";
+    EXPECT_EQ(outcome.tree, golden.tree) << golden.sql;
+    ExpectTokensInTree(dialect, recognition);
+    ExpectSameTreeWithOtherSpace(dialect, recognition);
+    ExpectSameInSecondRun(recognition);
+    ExpectReportsInText(recognition);
+    ExpectSameThroughView(dialect, recognition);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, Golden, testing::ValuesIn(AllCases(Goldens)), TestName);
+INSTANTIATE_TEST_SUITE_P(Corpus, Golden, testing::ValuesIn(AllCases(Corpus)), TestName);
+
+/// The names of the nodes that stand over others in any golden tree.
+std::set<std::string> InnerKindsShown(const Dialect& dialect) {
+    std::set<std::string> names;
+    for (const CaseId& id : AllCases(Goldens)) {
+        const Recognition recognition(FromUtf8(id.Case().sql), dialect.grammar);
+        for (const TreeLine& line : TreeLines(recognition.Root())) {
+            const QZNodeKind kind = QZKindOf(line.node);
+            const bool isRoot = kind == QZNodeKind::Token && QZChildCount(line.node) > 0;
+            if (kind == QZNodeKind::Imaginary || isRoot) {
+                names.insert(QZTokenName(dialect.grammar, QZTypeOf(line.node)));
+            }
+        }
+    }
+    return names;
+}
+
+/// The names of `all` that are not among `some`.
+std::vector<std::string> Without(const std::set<std::string>& all, const std::set<std::string>& some) {
+    std::vector<std::string> rest;
+    std::set_difference(all.begin(), all.end(), some.begin(), some.end(), std::back_inserter(rest));
+    return rest;
+}
+
+TEST(GoldenCoverage, EveryKindOfInnerNodeIsShownAndNoOther) {
+    const Dialect& dialect = AccessDialect();
+    const std::set<std::string> known(dialect.innerKinds.begin(), dialect.innerKinds.end());
+    const std::set<std::string> shown = InnerKindsShown(dialect);
+    EXPECT_EQ(Without(known, shown), std::vector<std::string>()) << "no golden tree shows it";
+    EXPECT_EQ(Without(shown, known), std::vector<std::string>()) << "not in the dialect's list";
+}
+
+std::set<std::string> Vocabulary(const QZGrammar& grammar) {
+    std::set<std::string> names;
+    constexpr std::uint32_t firstType = 4;  // the runtime's own come before
+    for (std::uint32_t type = firstType; QZTokenName(grammar, type) != nullptr; ++type) {
+        names.insert(QZTokenName(grammar, type));
+    }
+    return names;
+}
+
+TEST(GoldenCoverage, TheVocabularyHasEveryNameOfTheLists) {
+    const Dialect& dialect = AccessDialect();
+    const std::set<std::string> vocabulary = Vocabulary(dialect.grammar);
+    for (const auto* list : {&dialect.droppedTokens, &dialect.innerKinds, &dialect.kindsNeverMade}) {
+        for (const std::string& name : *list) EXPECT_EQ(vocabulary.count(name), 1U) << name;
+    }
+}
+
+TEST(GoldenCoverage, NoKindIsBothMadeAndNeverMade) {
+    const Dialect& dialect = AccessDialect();
+    const std::set<std::string> shown = InnerKindsShown(dialect);
+    for (const std::string& name : dialect.kindsNeverMade) EXPECT_EQ(shown.count(name), 0U) << name;
+}
+
+}  // namespace
