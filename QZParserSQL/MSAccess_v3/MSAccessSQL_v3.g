@@ -644,7 +644,7 @@ logical_operator
     | OR_KEYWORD2
     ;
 
-// NOT a = 1, a BETWEEN 1 AND 2, (a = 1 OR b = 2), ((a + b) IN (1, 2)
+// NOT a = 1, a BETWEEN 1 AND 2, (a = 1 OR b = 2), (a AND b) = 1
 logical_factor
     : (LEFT_PAREN expression NOT_KEYWORD? BETWEEN_KEYWORD between_logical_expression RIGHT_PAREN)=>
       between_expression_whis_paren

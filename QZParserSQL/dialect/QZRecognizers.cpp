@@ -31,9 +31,13 @@ QZToken Describe(const ANTLR3_COMMON_TOKEN& token) {
     described.position.line = token.line;
     described.position.column = static_cast<std::uint32_t>(token.charPosition) + 1;
     if (token.input == nullptr) return described;
-    const auto* text = static_cast<const char16_t*>(token.input->data);
-    described.position.offset = static_cast<std::size_t>(reinterpret_cast<const char16_t*>(token.start) - text);
-    if (token.type != ANTLR3_TOKEN_EOF) described.text = UnitsOf(token);
+    if (token.type == ANTLR3_TOKEN_EOF) {  // its start is lost in the token stream
+        described.position.offset = token.input->sizeBuf / sizeof(char16_t);
+        return described;
+    }
+    described.text = UnitsOf(token);
+    described.position.offset =
+        static_cast<std::size_t>(described.text.data() - static_cast<const char16_t*>(token.input->data));
     return described;
 }
 

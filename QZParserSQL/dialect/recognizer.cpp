@@ -105,10 +105,23 @@ void Send(Recognizer recognizer, const QZReport& report) {
     QZErrorWriteLine(fmt::format("line {}:{}: {}", report.position.line, report.position.column, report.message));
 }
 
+// Control characters are written out, so that a report stays one line and moves no terminal's cursor.
+std::u16string Visible(std::u16string_view text) {
+    std::u16string visible;
+    for (const char16_t unit : text) {
+        if (unit >= 0x20 && (unit < 0x7F || unit > 0x9F)) {
+            visible += unit;
+        } else {
+            visible += CString::FromUtf8(fmt::format("\\u{:04X}", static_cast<unsigned>(unit)));
+        }
+    }
+    return visible;
+}
+
 std::string Quoted(std::u16string_view text) {
     constexpr std::size_t kLongest = 40;
     const bool cut = text.size() > kLongest;
-    return "'" + CString(cut ? text.substr(0, kLongest) : text).ToUtf8() + (cut ? "...'" : "'");
+    return "'" + CString(Visible(cut ? text.substr(0, kLongest) : text)).ToUtf8() + (cut ? "...'" : "'");
 }
 
 const char* NameOf(Recognizer recognizer, ANTLR3_UINT32 type) {
