@@ -8,7 +8,8 @@ namespace qzsql {
 
 namespace {
 
-constexpr std::size_t kLargest = std::size_t{512} << 20;
+// Some 100,000 levels; more would mostly let hostile texts take memory, for a level costs more of that elsewhere.
+constexpr std::size_t kLargest = std::size_t{128} << 20;
 constexpr std::size_t kSmallest = std::size_t{8} << 20;
 
 class ThreadAttributes {
