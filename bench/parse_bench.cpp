@@ -49,7 +49,7 @@ void OneQuery(benchmark::State& state) {
     CString sql(
         u"SELECT Customers.[Company Name], Orders.Due AS DueDate FROM Customers INNER JOIN Orders ON Customers.ID = "
         u"Orders.CustomerID WHERE Orders.Due < #1/2/2020# AND Orders.Paid = False ORDER BY Orders.Due DESC");
-    for (auto _ : state) Parse(sql);
+    while (state.KeepRunning()) Parse(sql);
     state.SetItemsProcessed(state.iterations());
     state.SetBytesProcessed(state.iterations() * sql.GetLength());
 }
@@ -60,7 +60,7 @@ void Corpus(benchmark::State& state) {
     auto queries = ReadCorpus();
     std::int64_t units = 0;
     for (const CString& query : queries) units += query.GetLength();
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         for (CString& query : queries) Parse(query);
     }
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(queries.size()));
@@ -71,7 +71,7 @@ BENCHMARK(Corpus)->Unit(benchmark::kMicrosecond);
 // Each shape as a function of its size; the reported complexity should be N.
 void Growth(benchmark::State& state, const std::function<std::string(std::int64_t)>& shape) {
     CString sql = CString::FromUtf8(shape(state.range(0)));
-    for (auto _ : state) Parse(sql);
+    while (state.KeepRunning()) Parse(sql);
     state.SetBytesProcessed(state.iterations() * sql.GetLength());
     state.SetComplexityN(state.range(0));
 }
@@ -99,10 +99,11 @@ const std::vector<Shape> kShapes = {
 
 const bool kRegistered = [] {
     for (const Shape& shape : kShapes) {
-        benchmark::RegisterBenchmark(shape.name, [&shape](benchmark::State& state) {
-            Silence();
-            Growth(state, shape.make);
-        })
+        benchmark::RegisterBenchmark(shape.name,
+                                     [&shape](benchmark::State& state) {
+                                         Silence();
+                                         Growth(state, shape.make);
+                                     })
             ->Unit(benchmark::kMillisecond)
             ->RangeMultiplier(2)
             ->Range(shape.largest / 8, shape.largest)

@@ -9,9 +9,9 @@
 
 class CQZMSAccessSQL_v3ParcerImp;
 
-/// Parses one query: SetSQL, ParseSQL, GetSQLTree, walk and delete the view, destroy the parser. Nothing is thrown: what
-/// the grammar cannot take trails at the root of the tree or stands there as an error node, and errors are told on the
-/// standard error stream. One thread at a time; different parsers run in parallel.
+/// Parses one query: SetSQL, ParseSQL, GetSQLTree, walk and delete the view, destroy the parser. Nothing is thrown:
+/// what the grammar cannot take trails at the root of the tree or stands there as an error node, and errors are told on
+/// the standard error stream. One thread at a time; different parsers run in parallel.
 class QZ_API CQZMSAccessSQL_v3Parcer : public CQZSQLParser {
  public:
     CQZMSAccessSQL_v3Parcer();
@@ -20,7 +20,8 @@ class QZ_API CQZMSAccessSQL_v3Parcer : public CQZSQLParser {
     void ParseSQL() override;
     /// The text is read in place: it must stay alive and unchanged for as long as the tree is used.
     virtual void SetSQL(CString& strSQL);
-    /// Writes a new view of the last tree to *ppTree; the caller deletes it before the parser. Two calls give two views.
+    /// Writes a new view of the last tree to *ppTree; the caller deletes it before the parser. Two calls give two
+    /// views.
     virtual void GetSQLTree(CQZSQLTree** ppTree);
 
  private:

@@ -1,4 +1,5 @@
-/* What a grammar is to the code that runs it: a table of functions, one for each grammar, made by the build. Plain C. */
+/* What a grammar is to the code that runs it: a table of functions, one for each grammar, made by the build. Plain C.
+ */
 #ifndef QZ_GRAMMAR_TABLE_H
 #define QZ_GRAMMAR_TABLE_H
 

@@ -23,8 +23,8 @@ void ParserPipeline::FreeRecognizers() {
 
 void ParserPipeline::SetSQL(CString& strSQL) {
     QZCloseInput(m_pInput);
-    m_pInput = antlr3NewUCS2StringInPlaceStream(strSQL.GetString(), static_cast<std::uint32_t>(strSQL.GetLength()),
-                                                nullptr);
+    m_pInput =
+        antlr3NewUCS2StringInPlaceStream(strSQL.GetString(), static_cast<std::uint32_t>(strSQL.GetLength()), nullptr);
 }
 
 void ParserPipeline::ParseSQL() {

@@ -2,8 +2,8 @@
  * files are compiled with it too.
  *
  * ...LexerNew takes an input stream (antlr3NewUCS2StringInPlaceStream), ...ParserNew a token stream (QZNewTokenStream).
- * The forms with SSD take a recognizer's shared state as well, or null. Each returns null where memory fails. The caller
- * owns the recognizer and frees it with QZFreeLexer or QZFreeParser. A recognizer serves one text on one thread.
+ * The forms with SSD take a recognizer's shared state as well, or null. Each returns null where memory fails. The
+ * caller owns the recognizer and frees it with QZFreeLexer or QZFreeParser. A recognizer serves one text on one thread.
  */
 #ifndef QZ_RECOGNIZER_CONSTRUCTORS_H
 #define QZ_RECOGNIZER_CONSTRUCTORS_H

@@ -34,8 +34,8 @@ QZ_API const QZGrammar& QZGrammarMSAccessSQL_v3();
 /// The grammar's name, "MSAccessSQL_v3".
 QZ_API const char* QZGrammarName(const QZGrammar& grammar);
 
-/// A context of the grammar's lexer (over `input`) or parser (over `tokens`), as its exported constructor makes it; null
-/// where memory fails. For hosts that choose the grammar when they run.
+/// A context of the grammar's lexer (over `input`) or parser (over `tokens`), as its exported constructor makes it;
+/// null where memory fails. For hosts that choose the grammar when they run.
 QZ_API void* QZNewLexer(const QZGrammar& grammar, QZInputStream* input);
 QZ_API void* QZNewParser(const QZGrammar& grammar, QZTokenStream* tokens);
 
@@ -69,16 +69,16 @@ struct QZReporter {
     void* context = nullptr;
 };
 
-/// Sends the reports of a lexer or parser context, of any grammar, to `reporter`, which must outlive it; null sends them
-/// to the standard error stream again, where they go from the start.
+/// Sends the reports of a lexer or parser context, of any grammar, to `reporter`, which must outlive it; null sends
+/// them to the standard error stream again, where they go from the start.
 QZ_API void QZSetLexerReporter(void* lexer, const QZReporter* reporter);
 QZ_API void QZSetParserReporter(void* parser, const QZReporter* reporter);
 
 /// A token stream over a lexer context of any grammar; null where memory fails. The caller owns it.
 QZ_API QZTokenStream* QZNewTokenStream(void* lexer);
 
-/// Calls the grammar's first rule, once for a parser, and returns the root of the tree. Where nesting comes near the end
-/// of the calling thread's stack, rules fail instead of going deeper.
+/// Calls the grammar's first rule, once for a parser, and returns the root of the tree. Where nesting comes near the
+/// end of the calling thread's stack, rules fail instead of going deeper.
 QZ_API const QZNode* QZRunEntryRule(const QZGrammar& grammar, void* parser);
 
 /// How many errors a recognizer has counted.
@@ -111,7 +111,8 @@ QZ_API std::uint32_t QZTypeOf(const QZNode* node);
 QZ_API std::uint32_t QZChildCount(const QZNode* node);
 /// Null where there is no such child.
 QZ_API const QZNode* QZChildAt(const QZNode* node, std::uint32_t index);
-/// "nil", "Tree Error Node", "<EOF>", the name of an imaginary node, the exact text of a token, "<missing RIGHT_PAREN>".
+/// "nil", "Tree Error Node", "<EOF>", the name of an imaginary node, the exact text of a token, "<missing
+/// RIGHT_PAREN>".
 QZ_API std::u16string QZTextOf(const QZGrammar& grammar, const QZNode* node);
 /// The token of a node of kind Token or EndOfText, for as long as the input is open; for other nodes all fields are 0.
 QZ_API QZToken QZTokenOf(const QZNode* node);

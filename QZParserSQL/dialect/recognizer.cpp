@@ -193,8 +193,8 @@ ANTLR3_UINT32 PlaceEndOfText(pANTLR3_LEXER lexer) {
     return lexer->input->line;
 }
 
-// The runtime calls this at the mismatch and again after the report; only the second time drops a character. user3 tells
-// the two apart: a report sets it and the runtime clears it where it begins the next token.
+// The runtime calls this at the mismatch and again after the report; only the second time drops a character. user3
+// tells the two apart: a report sets it and the runtime clears it where it begins the next token.
 void DropOneCharacter(pANTLR3_LEXER lexer) {
     if (lexer->rec->state->user3 != kReported) return;
     lexer->input->istream->consume(lexer->input->istream);
@@ -240,7 +240,8 @@ void TellTooDeep(Recognizer recognizer) try {
 
 }  // namespace
 
-// --------------------------------------------------------------------------------------- called by generated recognizers
+// --------------------------------------------------------------------------------------- called by generated
+// recognizers
 
 pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pANTLR3_RECOGNIZER_SHARED_STATE state) {
     const auto lexer = (antlr3LexerNewStream)(sizeHint, input, state);

@@ -1,5 +1,5 @@
-/* What generated recognizers are compiled with. The build includes this header behind the macros that the tool writes at
- * the top of each file, and puts QZ_GUARD_NESTING at the entry of each rule.
+/* What generated recognizers are compiled with. The build includes this header behind the macros that the tool writes
+ * at the top of each file, and puts QZ_GUARD_NESTING at the entry of each rule.
  */
 #ifndef QZ_RECOGNIZER_H
 #define QZ_RECOGNIZER_H
@@ -29,10 +29,10 @@ ANTLR3_BOOLEAN qzNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer);
 
 #define antlr3LexerNewStream(hint, input, state) qzLexerNew(hint, input, state)
 #define antlr3IntTrieNew(depth) qzRuleMemoNew(ctx->pParser, QZ_RULE_COUNT, QZ_EXACT_TOKEN)
-#define QZ_GUARD_NESTING(handler)           \
-    if (qzNestedTooDeep(RECOGNIZER)) {      \
+#define QZ_GUARD_NESTING(handler)            \
+    if (qzNestedTooDeep(RECOGNIZER)) {       \
         if (BACKTRACKING > 0) return retval; \
-        goto handler;                       \
+        goto handler;                        \
     }
 
 /* The word that a query begins with. */

@@ -2,7 +2,7 @@
 
 CQZSQLTree::CQZSQLTree() = default;
 CQZSQLTree::CQZSQLTree(const CQZSQLTree&) {}
-CQZSQLTree& CQZSQLTree::operator=(const CQZSQLTree&) { return *this; }  // NOLINT(bugprone-unhandled-self-assignment)
+CQZSQLTree& CQZSQLTree::operator=(const CQZSQLTree&) { return *this; }  // NOLINT(cert-oop54-cpp)
 CQZSQLTree::~CQZSQLTree() = default;
 
 CQZTransformTree::~CQZTransformTree() = default;

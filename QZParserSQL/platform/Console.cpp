@@ -10,7 +10,7 @@ namespace {
 
 void WriteToFile(void* file, std::string_view utf8Line) {
     const std::string line = std::string(utf8Line) + '\n';
-    std::fwrite(line.data(), 1, line.size(), static_cast<std::FILE*>(file));
+    static_cast<void>(std::fwrite(line.data(), 1, line.size(), static_cast<std::FILE*>(file)));
 }
 
 class LineStream {

@@ -49,7 +49,8 @@ void Seek(pANTLR3_INT_STREAM stream, ANTLR3_MARKER place) {
 
 }  // namespace
 
-ANTLR3_INPUT_STREAM_struct* antlr3NewUCS2StringInPlaceStream(const char16_t* text, std::uint32_t size, const char16_t*) {
+ANTLR3_INPUT_STREAM_struct* antlr3NewUCS2StringInPlaceStream(const char16_t* text, std::uint32_t size,
+                                                             const char16_t*) {
     if (size >= 0x80000000U) return nullptr;
     static char streamName[] = "query";
     auto* const data = reinterpret_cast<pANTLR3_UINT8>(const_cast<char16_t*>(text));

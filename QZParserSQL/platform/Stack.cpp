@@ -9,8 +9,8 @@ namespace qz {
 namespace {
 
 // What reporting an error and the runtime's own functions need below the deepest rule.
-constexpr std::size_t kReserve = 128 * 1024;
-constexpr std::size_t kForeignBudget = 48 * 1024;
+constexpr std::size_t kReserve = std::size_t{128} * 1024;
+constexpr std::size_t kForeignBudget = std::size_t{48} * 1024;
 
 struct StackBounds {
     const char* low = nullptr;
