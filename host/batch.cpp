@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <exception>
 #include <iterator>
 #include <stdexcept>
@@ -110,7 +109,7 @@ ExitCode AddFile(const std::string& name, OrderedPool& pool) {
         AddLines(file, pool);
         return kDone;
     } catch (const std::exception& error) {
-        fmt::print(stderr, "qzsql: {}: {}\n", name, error.what());
+        Tell(fmt::format("qzsql: {}: {}\n", name, error.what()));
         return kUnreadable;
     }
 }

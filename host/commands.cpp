@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <iterator>
 
 #include "host/check.h"
@@ -18,8 +17,6 @@ namespace qzsql {
 
 namespace {
 
-constexpr std::size_t kMostNodesInPicture = 2000;
-
 struct Result {
     std::string text;
     ExitCode code = kDone;
@@ -27,7 +24,7 @@ struct Result {
 
 void TellReports(const std::string& name, const Recognition& recognition) {
     for (const auto& report : recognition.Reports()) {
-        fmt::print(stderr, "{}:{}:{}: {}\n", name, report.position.line, report.position.column, report.message);
+        Tell(fmt::format("{}:{}:{}: {}\n", name, report.position.line, report.position.column, report.message));
     }
 }
 
@@ -56,8 +53,8 @@ Result Dot(const Tree& tree, const std::string& name) { return {TreeAsDot(tree, 
 Result Svg(const Tree& tree, const std::string& name) {
     const auto nodes = CountNodes(tree.root);
     if (nodes <= kMostNodesInPicture) return {DrawSvg(TreeAsDot(tree, name))};
-    fmt::print(stderr, "qzsql: {}: {} nodes are too many for svg, which shows {}; use -f dot or -f text\n", name, nodes,
-               kMostNodesInPicture);
+    Tell(fmt::format("qzsql: {}: {} nodes are too many for svg, which shows {}; use -f dot or -f text\n", name, nodes,
+                     kMostNodesInPicture));
     return {{}, kWrongUsage};
 }
 

@@ -1,6 +1,7 @@
 // The commands that show something of each input.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,9 @@
 #include "host/input.h"
 
 namespace qzsql {
+
+/// Of what is larger nobody could make out anything, and the layout would take long.
+constexpr std::size_t kMostNodesInPicture = 2000;
 
 struct Request {
     std::string_view command;

@@ -10,7 +10,7 @@ namespace qzsql {
 
 namespace {
 
-constexpr std::size_t kChunk = 64 * 1024;
+constexpr std::size_t kChunk = 65'536;
 
 [[noreturn]] void ThrowLastError() { throw std::system_error(errno, std::generic_category()); }
 

@@ -3,11 +3,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <exception>
 #include <stdexcept>
 
 #include "host/file.h"
+#include "host/output.h"
 #include "host/unicode.h"
 
 namespace qzsql {
@@ -56,7 +56,7 @@ ExitCode Use(const std::string& name, const std::function<std::string()>& read,
         input.text = DecodeText(read());
         return use(input);
     } catch (const std::exception& error) {
-        fmt::print(stderr, "qzsql: {}: {}\n", name, error.what());
+        Tell(fmt::format("qzsql: {}: {}\n", name, error.what()));
         return kUnreadable;
     }
 }

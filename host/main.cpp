@@ -3,26 +3,48 @@
 
 #include <CLI/CLI.hpp>
 #include <csignal>
-#include <cstdio>
 #include <exception>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "host/batch.h"
 #include "host/big_stack.h"
 #include "host/commands.h"
 #include "host/dialects.h"
+#include "host/output.h"
+#include "host/tree_formats.h"
 
 namespace {
 
 using qzsql::ExitCode;
 
-constexpr const char* kExitCodes =
-    "Exit code: 0 done; 1 an input is not clean (check), nested too deep, or a record failed (batch);\n"
-    "2 wrong usage; 3 an input can't be read or the output can't be written; the highest that applies.";
+constexpr const char* kTokensHelp =
+    "text is TYPE:\"text\" a line, with @hidden behind a hidden token. Characters that make no token, but for\n"
+    "white space, are told on standard error as NAME:line:column: message.\n";
 
-std::string Footer(const char* more, const char* example) {
-    return fmt::format("{}{}\n\nExample:\n  {}\n", more, kExitCodes, example);
+constexpr const char* kTreeHelp =
+    "text is an outline; below depth {} a line begins with its depth (101> ) instead of blanks. sexpr is one\n"
+    "line, dot is for Graphviz, svg takes one input and at most {} nodes. Errors of the syntax, nesting too\n"
+    "deep, and characters that make no token, but for white space, are told on standard error as\n"
+    "NAME:line:column: message.\n";
+
+constexpr const char* kCheckHelp =
+    "An input is clean; trailing, where text behind the query is not understood; or error. Characters that\n"
+    "make no token, but for white space, are warnings.\n";
+
+constexpr const char* kBatchHelp =
+    R"_(A record is {"id":any,"sql":"..."}; "dialect" in it goes before -d. It is answered by
+{"id":...,"status":"clean|trailing|error","tree":"(nil ...)"}, with tokens as an array of text lines and
+check as its JSON object; a bad line is answered by {"id":...,"error":"line 3: ..."}.
+)_";
+
+constexpr const char* kExitCodes =
+    "Exit code: 0 done; 1 an input is not clean (check), nested too deep, or a record failed (batch); 2 wrong\n"
+    "usage; 3 an input can't be read or the output can't be written; the highest that applies.";
+
+std::string Footer(std::string_view about, std::string_view example) {
+    return fmt::format("{}{}\n\nExample:\n  {}\n", about, kExitCodes, example);
 }
 
 CLI::Validator KnownDialect() {
@@ -56,7 +78,7 @@ class Showing {
     ExitCode Run() {
         const auto wrong = qzsql::WrongInputs(request_);
         if (!wrong.empty()) {
-            fmt::print(stderr, "qzsql {}: {}\n", request_.command, wrong);
+            qzsql::Tell(fmt::format("qzsql {}: {}\n", request_.command, wrong));
             return qzsql::kWrongUsage;
         }
         request_.dialect = qzsql::FindDialect(dialect_);
@@ -82,21 +104,18 @@ class Showing {
 class Batch {
  public:
     explicit Batch(CLI::App& app) {
-        command_ = app.add_subcommand("batch", "answers records of newline-delimited JSON, one a line, in input order");
-        command_->footer(
-            Footer("A record is {\"id\":any,\"sql\":\"...\"}; \"dialect\" in it goes before -d. The answer is\n"
-                   "{\"id\":...,\"status\":\"clean|trailing|error\",\"tree\":\"(nil ...)\"}, with tokens as an array "
-                   "of text lines\n"
-                   "and check as its JSON object; a bad line is answered by {\"id\":...,\"error\":\"line 3: ...\"}.\n",
-                   "echo '{\"id\":1,\"sql\":\"SELECT a FROM t\"}' | qzsql batch -d access --emit tree -j 4"));
-        AddDialect(*command_, request_.dialect, "the dialect of records that name none");
-        command_->add_option("--emit", request_.emission, "what to answer with")
+        auto* command =
+            app.add_subcommand("batch", "answers records of newline-delimited JSON, one a line, in input order");
+        command->footer(
+            Footer(kBatchHelp, R"(echo '{"id":1,"sql":"SELECT a FROM t"}' | qzsql batch -d access --emit tree -j 4)"));
+        AddDialect(*command, request_.dialect, "the dialect of records that name none");
+        command->add_option("--emit", request_.emission, "what to answer with")
             ->required()
             ->check(CLI::IsMember(qzsql::EmissionNames()));
-        command_->add_option("-j", request_.threads, "how many threads work")
+        command->add_option("-j", request_.threads, "how many threads work")
             ->check(CLI::Range(1U, 256U))
             ->capture_default_str();
-        command_->add_option("FILE", request_.file, "the records in UTF-8; - is standard input")
+        command->add_option("FILE", request_.file, "the records in UTF-8; - is standard input")
             ->type_name("")
             ->capture_default_str();
     }
@@ -104,7 +123,6 @@ class Batch {
     ExitCode Run() const { return qzsql::RunBatch(request_); }
 
  private:
-    CLI::App* command_;
     qzsql::BatchRequest request_;
 };
 
@@ -121,23 +139,15 @@ int Main(int argc, char** argv) {
     app.name("qzsql");
     app.set_version_flag("--version", "qzsql " QZSQL_VERSION);
     app.require_subcommand(1);
-    app.footer(Footer("", "qzsql tree -d access -e \"SELECT a FROM t\""));
+    app.footer(Footer("", R"(qzsql tree -d access -e "SELECT a FROM t")"));
 
     Showing tokens(app, "tokens", "shows the tokens of queries",
-                   Footer("text is TYPE:\"text\" a line, with @hidden behind a hidden token. Characters that make no\n"
-                          "token, but for white space, are told on standard error as NAME:line:column: message.\n",
-                          "qzsql tokens -d access -e \"SELECT a FROM t\""));
-    Showing tree(
-        app, "tree", "shows the trees of queries",
-        Footer("text is an outline; below depth 100 a line begins with its depth (101> ) instead of blanks.\n"
-               "sexpr is one line, dot is for Graphviz, svg takes one input and at most 2000 nodes. Errors of\n"
-               "the syntax, nesting too deep, and characters that make no token, but for white space, are told\n"
-               "on standard error as NAME:line:column: message.\n",
-               "qzsql tree -d access -f sexpr -e \"SELECT a FROM t\" query.sql"));
+                   Footer(kTokensHelp, R"(qzsql tokens -d access -e "SELECT a FROM t")"));
+    Showing tree(app, "tree", "shows the trees of queries",
+                 Footer(fmt::format(kTreeHelp, qzsql::kDeepestIndent, qzsql::kMostNodesInPicture),
+                        R"(qzsql tree -d access -f sexpr -e "SELECT a FROM t" query.sql)"));
     Showing check(app, "check", "tells whether queries are understood to their end",
-                  Footer("An input is clean; trailing, where text behind the query is not understood; or error.\n"
-                         "Characters that make no token, but for white space, are warnings.\n",
-                         "qzsql check -d access -f json query.sql"));
+                  Footer(kCheckHelp, "qzsql check -d access -f json query.sql"));
     const Batch batch(app);
 
     try {
@@ -154,11 +164,11 @@ int Main(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    std::signal(SIGPIPE, SIG_IGN);
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));  // a write tells who has gone
     try {
         return Main(argc, argv);
     } catch (const std::exception& error) {
-        fmt::print(stderr, "qzsql: {}\n", error.what());
+        qzsql::Tell(fmt::format("qzsql: {}\n", error.what()));
         return qzsql::kUnreadable;
     }
 }

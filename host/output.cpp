@@ -6,7 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <system_error>
 
 #include "host/exit_code.h"
 
@@ -14,11 +14,11 @@ namespace qzsql {
 
 namespace {
 
-constexpr std::size_t kEnough = 64 * 1024;
+constexpr std::size_t kEnough = 65'536;
 
 [[noreturn]] void EndUnwritten(int error) {
     if (error == EPIPE) std::_Exit(kDone);
-    fmt::print(stderr, "qzsql: standard output: {}\n", std::strerror(error));
+    Tell(fmt::format("qzsql: standard output: {}\n", std::generic_category().message(error)));
     std::_Exit(kUnreadable);
 }
 
@@ -44,5 +44,7 @@ void Output::Flush() {
     WriteAll(pending_);
     pending_.clear();
 }
+
+void Tell(std::string_view message) { static_cast<void>(std::fwrite(message.data(), 1, message.size(), stderr)); }
 
 }  // namespace qzsql

@@ -1,4 +1,4 @@
-// Results on standard output.
+// Results on standard output, all else on standard error.
 #pragma once
 
 #include <string>
@@ -21,5 +21,8 @@ class Output {
  private:
     std::string pending_;
 };
+
+/// Writes to standard error in one piece; where that can't be, nobody listens and nothing follows from it.
+void Tell(std::string_view message);
 
 }  // namespace qzsql

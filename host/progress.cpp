@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include <cstdio>
+#include "host/output.h"
 
 namespace qzsql {
 
@@ -20,7 +20,7 @@ void Progress::MakeRoom() {
 }
 
 void Progress::Hide() {
-    if (isShown_) fmt::print(stderr, "\r\x1b[K");
+    if (isShown_) Tell("\r\x1b[K");
     isShown_ = false;
 }
 
@@ -30,7 +30,7 @@ void Progress::Show() {
     next_ = now + kPause;
     isShown_ = true;
     const auto seconds = std::chrono::duration<double>(now - start_).count();
-    fmt::print(stderr, "\r\x1b[K{} records, {:.0f} a second", count_, static_cast<double>(count_) / seconds);
+    Tell(fmt::format("\r\x1b[K{} records, {:.0f} a second", count_, static_cast<double>(count_) / seconds));
 }
 
 }  // namespace qzsql

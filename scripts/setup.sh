@@ -2,8 +2,8 @@
 # Does nothing where all are there.
 
 build_packages="g++ cmake ninja-build pkg-config python3-minimal antlr3 libantlr3c-dev libicu-dev libfmt-dev libcli11-dev
-    nlohmann-json3-dev libgraphviz-dev"
-test_packages="libgtest-dev python3"
+    libgraphviz-dev"
+test_packages="libgtest-dev nlohmann-json3-dev python3"
 lint_packages="clang-format clang-tidy"
 valgrind_packages="valgrind"
 bench_packages="libbenchmark-dev"

@@ -11,7 +11,7 @@ namespace {
 
 std::string RawOf(const std::string& text) {
     JsonReader reader(text);
-    const std::string raw(reader.ReadRaw());
+    std::string raw(reader.ReadRaw());
     if (!reader.AtEnd()) reader.Fail("more");
     return raw;
 }

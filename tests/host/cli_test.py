@@ -246,9 +246,10 @@ class Inputs(CommandLine):
         self.assertIn(f"{missing}: No such file or directory", lines[2])
         self.assertIn(f"{self.folder}: Is a directory", lines[3])
 
-    def test_the_shown_line_has_no_control_characters(self):
+    def test_what_is_shown_has_no_control_characters(self):
         out = self.results("check", "-d", "access", "-e", QUERY + " \x1b x", code=NOT_CLEAN)
         self.assertEqual(out.splitlines()[-2:], ["    SELECT a FROM t \u241b x", "                      ^"])
+        self.assertNotIn("\x1b", out)
 
 
 class Output(CommandLine):
@@ -275,6 +276,16 @@ class Output(CommandLine):
             process.stdin.flush()
             self.assertEqual(process.wait(60), DONE)
             self.assertEqual(process.stderr.read(), b"")
+
+    def test_a_standard_error_that_takes_nothing_changes_nothing(self):
+        for arguments, code in [
+            (["tree", "-d", "access", "-f", "sexpr", "-e", "SELECT a;", "/nowhere"], UNREADABLE),
+            (["tree", "-d", "access"], WRONG_USAGE),
+        ]:
+            expected, _ = self.expect(code, *arguments)
+            with open("/dev/full", "wb") as full:
+                run = subprocess.run([QZSQL, *arguments], stdout=subprocess.PIPE, stderr=full, timeout=60)
+            self.assertEqual((run.returncode, run.stdout.decode()), (code, expected))
 
     def test_a_full_disk_is_told(self):
         records = self.file("in", '{"sql":"SELECT a"}\n')
