@@ -98,6 +98,7 @@ def write_table(path: Path, name: str, entry: str, shown: list[str]) -> None:
 #include "{name}Lexer.h"
 #include "{name}Parser.h"
 #include "QZParserSQL/dialect/GrammarTable.h"
+#include "QZParserSQL/dialect/recognizer.h"
 
 static const char* const tokenNames[] = {{
 {rows}
@@ -108,7 +109,7 @@ static void* newParser(pANTLR3_COMMON_TOKEN_STREAM tokens) {{ return {name}Parse
 
 static pANTLR3_BASE_TREE runEntryRule(void* parser) {{
     p{name}Parser ctx = (p{name}Parser)parser;
-    return ctx->{entry}(ctx).tree;
+    return qzWholeTree(ctx->adaptor, ctx->{entry}(ctx).tree);
 }}
 
 static void freeLexer(void* lexer) {{ ((p{name}Lexer)lexer)->free((p{name}Lexer)lexer); }}

@@ -244,7 +244,7 @@ void TellTooDeep(Recognizer recognizer) try {
 // recognizers
 
 pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pANTLR3_RECOGNIZER_SHARED_STATE state) {
-    const auto lexer = (antlr3LexerNewStream)(sizeHint, input, state);
+    const auto lexer = antlr3LexerNewStream(sizeHint, input, state);
     if (lexer == nullptr) return nullptr;
     lexer->recover = DropOneCharacter;
     lexer->getLine = PlaceEndOfText;

@@ -23,10 +23,17 @@ pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR
 /* True near the end of the stack: the rule must not go deeper. Fails the guess, or raises the exception. */
 ANTLR3_BOOLEAN qzNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer);
 
+/* A tree adaptor that puts lists together in linear time, and the tree that comes out with all its lists opened. */
+pANTLR3_BASE_TREE_ADAPTOR qzTreeAdaptorNew(pANTLR3_STRING_FACTORY strings);
+pANTLR3_BASE_TREE qzWholeTree(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_BASE_TREE root);
+
 #ifdef __cplusplus
 }
 #endif
 
+/* For generated files only. */
+#ifndef __cplusplus
+#define ANTLR3_TREE_ADAPTORNew(strings) qzTreeAdaptorNew(strings)
 #define antlr3LexerNewStream(hint, input, state) qzLexerNew(hint, input, state)
 #define antlr3IntTrieNew(depth) qzRuleMemoNew(ctx->pParser, QZ_RULE_COUNT, QZ_EXACT_TOKEN)
 #define QZ_GUARD_NESTING(handler)            \
@@ -40,6 +47,7 @@ ANTLR3_BOOLEAN qzNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer);
 #define QZ_EXACT_TOKEN SELECT_KEYWORD
 #else
 #define QZ_EXACT_TOKEN 0
+#endif
 #endif
 
 #endif
