@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <iterator>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,79 +13,50 @@ namespace {
 
 // The families of function words, by token.
 
-constexpr std::string_view kDateTime[] = {
-    "DATE", "DATEADD", "DATEDIFF", "DATEPART", "DATESERIAL", "DATEVALUE", "DATE_DOLLAR", "DAY", "DDB", "GETDATE",
-    "GETUTCDATE", "HOUR", "ISDATE", "MINUTE", "MONTH", "NOW", "SECOND", "TIME", "TIMER", "TIMESERIAL", "TIMEVALUE",
-    "TIME_DOLLAR", "WEEKDAY", "YEAR",
-};
+const std::vector<std::string_view> kDateTime = vocabulary::Words(
+    "DATE DATEADD DATEDIFF DATEPART DATESERIAL DATEVALUE DATE_DOLLAR DAY DDB GETDATE GETUTCDATE HOUR ISDATE "
+    "MINUTE MONTH NOW SECOND TIME TIMER TIMESERIAL TIMEVALUE TIME_DOLLAR WEEKDAY YEAR");
 
-constexpr std::string_view kNumber[] = {
-    "ABS", "ACOS", "ASIN", "ATAN", "ATN2", "AVG", "CEILING", "COS", "COT", "COUNT", "DEGREES", "EXP", "FLOOR", "INT",
-    "ISNUMERIC", "LOG", "LOG10", "MAX_KEYWORD", "MIN", "PI", "POWER", "RADIANS", "RAND", "ROUND", "SIGN", "SIN",
-    "SQRT", "SUM", "TAN",
-};
+const std::vector<std::string_view> kNumber = vocabulary::Words(
+    "ABS ACOS ASIN ATAN ATN2 AVG CEILING COS COT COUNT DEGREES EXP FLOOR INT ISNUMERIC LOG LOG10 MAX_KEYWORD MIN "
+    "PI POWER RADIANS RAND ROUND SIGN SIN SQRT SUM TAN");
 
-constexpr std::string_view kString[] = {
-    "ASCB", "ASCW", "ASC_KEYWORD", "CHR", "CHRB", "CHRB_DOLLAR", "CHRW", "CHRW_DOLLAR", "CHR_DOLLAR", "FORMAT",
-    "FORMAT_DOLLAR", "INSTR", "INSTRREV", "LEFTB", "LEFTB_DOLLAR", "LEFT_KEYWORD", "LEFT_KEYWORD_DOLLAR", "LEN",
-    "LENB", "LTRIM", "LTRIM_DOLLAR", "MID", "MIDB", "MIDB_DOLLAR", "MID_DOLLAR", "RIGHTB", "RIGHTB_DOLLAR",
-    "RIGHT_KEYWORD", "RIGHT_KEYWORD_DOLLAR", "RTRIM", "RTRIM_DOLLAR", "SPACE", "SPACE_DOLLAR", "STR", "STRCOMP",
-    "STRCONV", "STRING", "STRING_DOLLAR", "STR_DOLLAR", "TRIM", "TRIM_DOLLAR",
-};
+const std::vector<std::string_view> kString = vocabulary::Words(
+    "ASCB ASCW ASC_KEYWORD CHR CHRB CHRB_DOLLAR CHRW CHRW_DOLLAR CHR_DOLLAR FORMAT FORMAT_DOLLAR INSTR INSTRREV "
+    "LEFTB LEFTB_DOLLAR LEFT_KEYWORD LEFT_KEYWORD_DOLLAR LEN LENB LTRIM LTRIM_DOLLAR MID MIDB MIDB_DOLLAR "
+    "MID_DOLLAR RIGHTB RIGHTB_DOLLAR RIGHT_KEYWORD RIGHT_KEYWORD_DOLLAR RTRIM RTRIM_DOLLAR SPACE SPACE_DOLLAR "
+    "STR STRCOMP STRCONV STRING STRING_DOLLAR STR_DOLLAR TRIM TRIM_DOLLAR");
 
-constexpr std::string_view kOther[] = {
-    "CHOOSE", "DCOUNT", "DLOOKUP", "ERROR", "ERROR_DOLLAR", "FIRST", "FIX", "FV", "HEX", "HEX_DOLLAR", "ICASE",
-    "ICASE_DOLLAR", "IMESTATUS", "IPMT", "IRR", "ISEMPTY", "ISERROR", "ISNULL", "ISOBJECT", "LAST", "LCASE",
-    "LCASE_DOLLAR", "MIRR", "NPER", "NPV", "OCT", "OCT_DOLLAR", "PARTITION", "PMT", "PPMT", "PV", "QBCOLOR", "RATE",
-    "RGB", "SLN", "SWITCH", "SYD", "TYPENAME", "UCASE", "UCASE_DOLLAR", "VARTYPE",
-};
+const std::vector<std::string_view> kOther = vocabulary::Words(
+    "CHOOSE DCOUNT DLOOKUP ERROR ERROR_DOLLAR FIRST FIX FV HEX HEX_DOLLAR ICASE ICASE_DOLLAR IMESTATUS IPMT IRR "
+    "ISEMPTY ISERROR ISNULL ISOBJECT LAST LCASE LCASE_DOLLAR MIRR NPER NPV OCT OCT_DOLLAR PARTITION PMT PPMT PV "
+    "QBCOLOR RATE RGB SLN SWITCH SYD TYPENAME UCASE UCASE_DOLLAR VARTYPE");
 
-constexpr std::string_view kConfiguration[] = {
-    "CBOOL", "CBYTE", "CCUR", "CDATE", "CDBL", "CINT", "CLNG", "CSNG", "CSTR", "CVAR", "CVDATE", "CVERR", "VAL",
-};
+const std::vector<std::string_view> kConfiguration =
+    vocabulary::Words("CBOOL CBYTE CCUR CDATE CDBL CINT CLNG CSNG CSTR CVAR CVDATE CVERR VAL");
 
-constexpr std::string_view kDateParts[] = {
-    "count", "d", "day", "dd", "dw", "m", "mi", "mm", "month", "n", "week", "wk", "ww", "year", "yy", "yyyy",
-};
+const std::vector<std::string_view> kDateParts =
+    vocabulary::Words("count d day dd dw m mi mm month n week wk ww year yy yyyy");
 
-constexpr std::string_view kDataTypes[] = {
-    "BIGINT", "BIT", "CHAR", "DATETIME", "DECIMAL", "FLOAT", "INT", "INTEGER", "MONEY", "NCHAR", "NTEXT", "NUMERIC",
-    "NVARCHAR", "REAL", "SMALLDATETIME", "SMALLMONEY", "TIMESTAMP", "TINYINT", "VARCHAR",
-};
+const std::vector<std::string_view> kDataTypes = vocabulary::Words(
+    "BIGINT BIT CHAR DATETIME DECIMAL FLOAT INT INTEGER MONEY NCHAR NTEXT NUMERIC NVARCHAR REAL SMALLDATETIME "
+    "SMALLMONEY TIMESTAMP TINYINT VARCHAR");
 
 // Keywords that stand for no function; CONVERT in capitals is another token.
-constexpr std::string_view kNoFunctions[] = {
-    "CASE", "CONCAT", "CHECKSUM", "BYNARY_CHECKSUM", "COUNT_BIG", "GROUPING", "STDEV", "STDEVP", "VAR", "VARP",
-    "DATENAME", "ASCII", "CHARINDEX", "COALESCE", "LOWER", "UPPER", "NCHAR", "PARINDEX", "QUOTENAME", "READTEXT",
-    "REPLACE", "REPLICATE", "REVERSE", "SOUNDEX", "STUFF", "SUBSTRING", "TEXTVALID", "UNICODE", "UPDATETEXT",
-    "WRITETEXT", "IDENT_CURRENT",
-};
+const std::vector<std::string_view> kNoFunctions = vocabulary::Words(
+    "CASE CONCAT CHECKSUM BYNARY_CHECKSUM COUNT_BIG GROUPING STDEV STDEVP VAR VARP DATENAME ASCII CHARINDEX "
+    "COALESCE LOWER UPPER NCHAR PARINDEX QUOTENAME READTEXT REPLACE REPLICATE REVERSE SOUNDEX STUFF SUBSTRING "
+    "TEXTVALID UNICODE UPDATETEXT WRITETEXT IDENT_CURRENT");
 
-template <std::size_t count>
-void Append(std::vector<std::string_view>& all, const std::string_view (&family)[count]) {
-    all.insert(all.end(), std::begin(family), std::end(family));
-}
-
-// The families whose words are called with a parameter list.
-std::vector<std::string_view> FunctionTokens() {
+std::vector<std::string_view> Together(std::initializer_list<std::vector<std::string_view>> families) {
     std::vector<std::string_view> all;
-    Append(all, kDateTime);
-    Append(all, kNumber);
-    Append(all, kString);
-    Append(all, kOther);
-    Append(all, kConfiguration);
+    for (const auto& family : families) all.insert(all.end(), family.begin(), family.end());
     return all;
 }
 
-// The families whose words are names too.
-std::vector<std::string_view> NameTokens() {
-    std::vector<std::string_view> all;
-    Append(all, kDateTime);
-    Append(all, kNumber);
-    Append(all, kString);
-    Append(all, kOther);
-    return all;
-}
+// The families whose words are names too, and with them all that are called with a parameter list.
+const std::vector<std::string_view> kNames = Together({kDateTime, kNumber, kString, kOther});
+const std::vector<std::string_view> kFunctions = Together({kNames, kConfiguration});
 
 struct Spelling {
     std::string text;
@@ -113,7 +84,9 @@ const std::string kOpen = "LEFT_PAREN:\"(\"";
 const std::string kClose = "RIGHT_PAREN:\")\"";
 
 std::string Number(const std::string& digits) { return "(SQL_LITERAL (NUMBER_LITERAL DIGIT:\"" + digits + "\"))"; }
-std::string QueryOf(const std::string& item) { return "(nil (SELECT_QUERY (SELECT_LIST " + item + ") " + kFromT + ") EOF)"; }
+std::string QueryOf(const std::string& item) {
+    return "(nil (SELECT_QUERY (SELECT_LIST " + item + ") " + kFromT + ") EOF)";
+}
 std::string TreeOfItem(const std::string& item) { return TreeOf("SELECT " + item + " FROM t"); }
 
 // What comes of a text that cannot be a condition: its clause is not entered, and all of it trails.
@@ -123,8 +96,8 @@ std::string TrailingWhere(const std::string& nodes) {
 std::string TreeOfWhere(const std::string& condition) { return TreeOf("SELECT a FROM t WHERE " + condition); }
 
 TEST(AccessFunctions, CallEachWordOfEachFamilyWithAParameter) {
-    ASSERT_EQ(FunctionTokens().size(), 24U + 29 + 41 + 41 + 13);
-    for (const std::string_view token : FunctionTokens()) {
+    ASSERT_EQ(kFunctions.size(), 24U + 29 + 41 + 41 + 13);
+    for (const std::string_view token : kFunctions) {
         for (const Spelling& word : SpellingsOf(token)) {
             EXPECT_EQ(TreeOfItem(word.text + "(a)"),
                       QueryOf("(FUNCTION " + word.node + " (FUNC_PARAM (" + kOpen + " " + kA + ")))"));
@@ -133,15 +106,15 @@ TEST(AccessFunctions, CallEachWordOfEachFamilyWithAParameter) {
 }
 
 TEST(AccessFunctions, CallEachWordOfEachFamilyWithoutAParameter) {
-    for (const std::string_view token : FunctionTokens()) {
+    for (const std::string_view token : kFunctions) {
         const Spelling word = SpellingsOf(token).front();
         EXPECT_EQ(TreeOfItem(word.text + "()"), QueryOf("(FUNCTION " + word.node + " (FUNC_PARAM " + kOpen + "))"));
     }
 }
 
 TEST(AccessFunctions, TakeTheirWordsForNamesWhereNoListFollows) {
-    ASSERT_EQ(NameTokens().size(), 24U + 29 + 41 + 41);
-    for (const std::string_view token : NameTokens()) {
+    ASSERT_EQ(kNames.size(), 24U + 29 + 41 + 41);
+    for (const std::string_view token : kNames) {
         for (const Spelling& word : SpellingsOf(token)) {
             EXPECT_EQ(TreeOfItem(word.text), QueryOf(Column(word.node)));
             EXPECT_EQ(TreeOfItem("a AS " + word.text),
@@ -170,13 +143,13 @@ TEST(AccessFunctions, TakeEachDatePartForAName) {
                                                  " (WHERE_CONDITION " + name + ")) " + kOpen + " IDENTIFICATOR:\"a\" " +
                                                  kClose + " EOF)");
     }
-    EXPECT_EQ(TreeOf("SELECT count(*) FROM t"),
-              "(nil (SELECT_QUERY (SELECT_LIST " + Column("'count':\"count\"") + ")) " + kOpen + " ASTERISK:\"*\" " +
-                  kClose + " FROM_KEYWORD:\"FROM\" IDENTIFICATOR:\"t\" EOF)");
+    EXPECT_EQ(TreeOf("SELECT count(*) FROM t"), "(nil (SELECT_QUERY (SELECT_LIST " + Column("'count':\"count\"") +
+                                                    ")) " + kOpen + " ASTERISK:\"*\" " + kClose +
+                                                    " FROM_KEYWORD:\"FROM\" IDENTIFICATOR:\"t\" EOF)");
 }
 
 TEST(AccessFunctions, CallNoKeywordThatNoFamilyHolds) {
-    ASSERT_EQ(std::size(kNoFunctions), 31U);
+    ASSERT_EQ(kNoFunctions.size(), 31U);
     for (const std::string_view token : kNoFunctions) {
         for (const Spelling& word : SpellingsOf(token)) {
             const std::string list = " " + kOpen + " IDENTIFICATOR:\"a\" " + kClose;
@@ -199,8 +172,7 @@ TEST(AccessFunctions, CallAnyOtherWordAsAUserFunction) {
     const std::string two = Number("2");
     EXPECT_EQ(TreeOfItem("MyFunc(1, 2)"),
               QueryOf("(USER_FUNCTION IDENTIFICATOR:\"MyFunc\" (FUNC_PARAM (" + kOpen + " " + one + " " + two + ")))"));
-    EXPECT_EQ(TreeOfItem("Größe()"),
-              QueryOf("(USER_FUNCTION IDENTIFICATOR:\"Größe\" (FUNC_PARAM " + kOpen + "))"));
+    EXPECT_EQ(TreeOfItem("Größe()"), QueryOf("(USER_FUNCTION IDENTIFICATOR:\"Größe\" (FUNC_PARAM " + kOpen + "))"));
     EXPECT_EQ(TreeOfItem("1a(2)"),
               QueryOf("(USER_FUNCTION DIGIT:\"1\" IDENTIFICATOR:\"a\" (FUNC_PARAM (" + kOpen + " " + two + ")))"));
 }
@@ -216,7 +188,8 @@ TEST(AccessFunctions, TakeTheEscapeInFrontOfTheDatesAndTimesOnly) {
     for (const std::string_view token : {"ABS", "LEN", "FIX", "VAL"}) {
         const Spelling word = SpellingsOf(token).front();
         EXPECT_EQ(TreeOfWhere("{fn " + word.text + "(a)"),
-                  TrailingWhere("LEFT_BRACE:\"{\" 'fn':\"fn\" " + word.node + " " + kOpen + " IDENTIFICATOR:\"a\" " + kClose));
+                  TrailingWhere("LEFT_BRACE:\"{\" 'fn':\"fn\" " + word.node + " " + kOpen + " IDENTIFICATOR:\"a\" " +
+                                kClose));
     }
 }
 
@@ -245,8 +218,8 @@ TEST(AccessFunctions, CastToNoOtherWord) {
     for (const std::string word : {"VARBINARY", "DATE", "TEXT", "NOW"}) {
         const std::string type = vocabulary::TokenOfWord(word);
         EXPECT_EQ(TreeOfWhere("CAST(a AS " + word + ")"),
-                  TrailingWhere("CAST:\"CAST\" " + kOpen + " IDENTIFICATOR:\"a\" LITERAL_AS:\"AS\" " + type + ":\"" + word +
-                                "\" " + kClose));
+                  TrailingWhere("CAST:\"CAST\" " + kOpen + " IDENTIFICATOR:\"a\" LITERAL_AS:\"AS\" " + type + ":\"" +
+                                word + "\" " + kClose));
     }
 }
 
@@ -255,8 +228,9 @@ TEST(AccessFunctions, ReadSizesAndStylesOfConversions) {
         std::string call;
         std::string parameters;
     } rows[] = {
-        {"CAST(a AS DECIMAL(10, 2))", "(AS " + kA + " (DATATYPE DECIMAL:\"DECIMAL\" (NUMBER_LITERAL DIGIT:\"10\") "
-                                      "(NUMBER_LITERAL DIGIT:\"2\")))"},
+        {"CAST(a AS DECIMAL(10, 2))", "(AS " + kA +
+                                          " (DATATYPE DECIMAL:\"DECIMAL\" (NUMBER_LITERAL DIGIT:\"10\") "
+                                          "(NUMBER_LITERAL DIGIT:\"2\")))"},
         {"CAST(a AS VARCHAR(MAX))",
          "(AS " + kA + " (DATATYPE VARCHAR:\"VARCHAR\" (NUMBER_LITERAL MAX_KEYWORD:\"MAX\")))"},
         {"CAST(a AS VARCHAR(ALL))",
@@ -282,8 +256,8 @@ TEST(AccessFunctions, ConvertInCapitalsOnly) {
 TEST(AccessFunctions, KeepTheCommasOfIif) {
     const std::string condition = "(SEARCH_CONDITION (EQ:\"=\" " + kA + " " + Number("1") + "))";
     EXPECT_EQ(TreeOfItem("IIF(a = 1, 2, 3)"),
-              QueryOf("(FUNCTION IIF:\"IIF\" (FUNC_PARAM " + condition + " COMMA:\",\" " + Number("2") + " COMMA:\",\" " +
-                      Number("3") + "))"));
+              QueryOf("(FUNCTION IIF:\"IIF\" (FUNC_PARAM " + condition + " COMMA:\",\" " + Number("2") +
+                      " COMMA:\",\" " + Number("3") + "))"));
 }
 
 TEST(AccessFunctions, TakeAQueryWithoutParenthesesBehindExists) {

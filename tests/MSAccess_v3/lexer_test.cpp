@@ -2,309 +2,18 @@
 
 #include <algorithm>
 #include <iterator>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "tests/MSAccess_v3/Lexed.h"
 #include "tests/MSAccess_v3/vocabulary.h"
-#include "tests/support/Recognition.h"
 
 namespace {
 
 using namespace std::string_literals;
 using namespace std::string_view_literals;
 using vocabulary::Entry;
-using vocabulary::TokenOfWord;
-
-std::u16string Wide(std::string_view ascii) { return {ascii.begin(), ascii.end()}; }
-
-std::string Quoted(std::string_view text) { return "'" + std::string(text) + "'"; }
-
-std::string TypeOf(const Recognition& recognition, const QZToken& token) {
-    return (token.hidden ? "@" : "") + std::string(QZTokenName(recognition.Grammar(), token.type));
-}
-
-// The types of all tokens by blanks, hidden ones with an @ in front.
-std::string Types(const Recognition& recognition) {
-    std::string types;
-    for (const QZToken& token : recognition.Tokens()) {
-        types += (types.empty() ? "" : " ") + TypeOf(recognition, token);
-    }
-    return types;
-}
-
-std::vector<QZReport> LexerReports(const Recognition& recognition) {
-    std::vector<QZReport> reports;
-    for (const QZReport& report : recognition.Reports()) {
-        if (report.phase == QZPhase::Lexer) reports.push_back(report);
-    }
-    return reports;
-}
-
-struct Row {
-    std::u16string_view text;
-    std::string_view types;
-};
-
-template <class Rows>
-void ExpectTypes(const Rows& rows) {
-    for (const Row& row : rows) {
-        SCOPED_TRACE(ToUtf8(row.text));
-        const Recognition recognition{std::u16string(row.text)};
-        EXPECT_EQ(Types(recognition), row.types);
-        EXPECT_EQ(recognition.LexerErrors(), 0U);
-    }
-}
-
-struct Expectation {
-    std::string word;
-    std::string type;
-};
-
-// Every word on a line of its own: one token each, with the word as its text.
-void ExpectWords(const std::vector<Expectation>& expectations) {
-    std::string text;
-    for (const Expectation& expected : expectations) text += expected.word + '\n';
-    const Recognition recognition(Wide(text));
-    const std::vector<QZToken> tokens = recognition.Tokens();
-    ASSERT_EQ(tokens.size(), 2 * expectations.size());
-    EXPECT_EQ(recognition.LexerErrors(), 0U);
-    for (std::size_t i = 0; i < expectations.size(); ++i) {
-        EXPECT_EQ(TypeOf(recognition, tokens[2 * i]), expectations[i].type) << expectations[i].word;
-        EXPECT_EQ(tokens[2 * i].text, Wide(expectations[i].word));
-        EXPECT_EQ(TypeOf(recognition, tokens[2 * i + 1]), "@WS");
-    }
-}
-
-bool IsWord(std::string_view text) { return text.find('$') == std::string_view::npos; }
-
-char OtherCase(char letter) {
-    const auto unit = static_cast<unsigned char>(letter);
-    return static_cast<char>(std::isupper(unit) != 0 ? std::tolower(unit) : std::toupper(unit));
-}
-
-std::string Mixed(std::string_view word) {
-    std::string mixed = vocabulary::Upper(word);
-    for (std::size_t i = 1; i < mixed.size(); i += 2) mixed[i] = OtherCase(mixed[i]);
-    return mixed;
-}
-
-// The word, and the word with each of its letters in the other case.
-std::vector<std::string> WithEachLetterTurned(const std::string& word) {
-    std::vector<std::string> words{word};
-    for (std::size_t i = 0; i < word.size(); ++i) {
-        words.push_back(word);
-        words.back()[i] = OtherCase(word[i]);
-    }
-    return words;
-}
-
-// Keywords and literal words, the forms with a dollar sign left out.
-std::vector<std::string> AllWords() {
-    std::vector<std::string> words(std::begin(vocabulary::kLiteralWords), std::end(vocabulary::kLiteralWords));
-    for (const Entry& keyword : vocabulary::Keywords()) {
-        if (IsWord(keyword.text)) words.emplace_back(keyword.text);
-    }
-    return words;
-}
-
-// ------------------------------------------------------------------------------------------------------------- words
-
-TEST(AccessLexer, GivesALiteralWordInTheCaseShownItsOwnToken) {
-    std::vector<Expectation> expectations;
-    for (const std::string_view word : vocabulary::kLiteralWords) {
-        expectations.push_back({std::string(word), Quoted(word)});
-    }
-    ExpectWords(expectations);
-}
-
-TEST(AccessLexer, GivesALiteralWordInAnotherCaseToTheKeywordOfThatNameOrTakesItForAName) {
-    const std::map<std::string_view, std::string> keywords = {
-        {"WITH", "WITH_KEYWORD"}, {"CONVERT", "CONVERT"}, {"HASH", "HASH"},   {"LOOP", "LOOP"},   {"MERGE", "MERGE"},
-        {"REMOTE", "REMOTE"},     {"count", "COUNT"},     {"day", "DAY"},     {"month", "MONTH"}, {"year", "YEAR"},
-    };
-    std::vector<Expectation> expectations;
-    for (const std::string_view literal : vocabulary::kLiteralWords) {
-        const auto keyword = keywords.find(literal);
-        const std::string type = keyword == keywords.end() ? "IDENTIFICATOR" : keyword->second;
-        for (const std::string& word : WithEachLetterTurned(std::string(literal))) {
-            if (word != literal) expectations.push_back({word, type});
-        }
-    }
-    ExpectWords(expectations);
-}
-
-TEST(AccessLexer, LetsTheLiteralWinTheTie) {
-    ExpectWords({{"WITH", "'WITH'"},       {"with", "WITH_KEYWORD"}, {"With", "WITH_KEYWORD"}, {"CONVERT", "'CONVERT'"},
-                 {"convert", "CONVERT"},   {"Convert", "CONVERT"},   {"HASH", "'HASH'"},       {"hash", "HASH"},
-                 {"LOOP", "'LOOP'"},       {"Loop", "LOOP"},         {"MERGE", "'MERGE'"},     {"Merge", "MERGE"},
-                 {"REMOTE", "'REMOTE'"},   {"remote", "REMOTE"},     {"count", "'count'"},     {"COUNT", "COUNT"},
-                 {"Count", "COUNT"},       {"day", "'day'"},         {"DAY", "DAY"},           {"Day", "DAY"},
-                 {"month", "'month'"},     {"MONTH", "MONTH"},       {"Month", "MONTH"},       {"year", "'year'"},
-                 {"YEAR", "YEAR"},         {"Year", "YEAR"},         {"d", "'d'"},             {"D", "IDENTIFICATOR"},
-                 {"yyyy", "'yyyy'"},       {"YYYY", "IDENTIFICATOR"}, {"fn", "'fn'"},          {"Fn", "IDENTIFICATOR"},
-                 {"NOLOCK", "'NOLOCK'"},   {"nolock", "IDENTIFICATOR"}, {"XML", "'XML'"},      {"Xml", "IDENTIFICATOR"}});
-}
-
-TEST(AccessLexer, TakesEachKeywordInAnyCase) {
-    std::vector<Expectation> expectations;
-    for (const Entry& keyword : vocabulary::Keywords()) {
-        for (const std::string& word :
-             {std::string(keyword.text), vocabulary::Lower(keyword.text), Mixed(keyword.text)}) {
-            // Of the words with a dollar sign none is a literal.
-            const std::string type = IsWord(word) ? TokenOfWord(word) : std::string(keyword.token);
-            expectations.push_back({word, type});
-        }
-    }
-    ExpectWords(expectations);
-}
-
-TEST(AccessLexer, TakesEachLetterOfEachKeywordInBothCases) {
-    std::vector<Expectation> expectations;
-    for (const Entry& keyword : vocabulary::Keywords()) {
-        if (!IsWord(keyword.text)) continue;
-        for (const std::string& base : {std::string(keyword.text), vocabulary::Lower(keyword.text)}) {
-            for (const std::string& word : WithEachLetterTurned(base)) expectations.push_back({word, TokenOfWord(word)});
-        }
-    }
-    ExpectWords(expectations);
-}
-
-TEST(AccessLexer, SpellsSomeKeywordsOtherwiseThanTheyAreNamed) {
-    ExpectTypes(std::vector<Row>{
-        {u"AS", "LITERAL_AS"},
-        {u"NOTNULL", "NOT_NULL_KEYWORD"},
-        {u"NOT NULL", "NOT_KEYWORD @WS NULL_KEYWORD"},
-        {u"NOT_NULL", "IDENTIFICATOR"},
-        {u"WITHTIES", "WITHTIES_KEYWORD"},
-        {u"WITH TIES", "'WITH' @WS IDENTIFICATOR"},
-        {u"DISTINCTROW", "DISTINCTROW_KEYWORD"},
-        {u"BYNARY_CHECKSUM", "BYNARY_CHECKSUM"},
-        {u"BINARY_CHECKSUM", "IDENTIFICATOR"},
-        {u"COUNT_BIG", "COUNT_BIG"},
-        {u"IDENT_CURRENT", "IDENT_CURRENT"},
-        {u"PARINDEX", "PARINDEX"},
-        {u"PATINDEX", "IDENTIFICATOR"},
-        {u"ATN2", "ATN2"},
-        {u"ATN", "IDENTIFICATOR"},
-        {u"LOG10", "LOG10"},
-        {u"LOG1", "IDENTIFICATOR"},
-        {u"LOG", "LOG"},
-        {u"LITERAL_AS", "IDENTIFICATOR"},
-        {u"SELECT_KEYWORD", "IDENTIFICATOR"},
-        {u"LEFT_KEYWORD_DOLLAR", "IDENTIFICATOR"},
-    });
-}
-
-TEST(AccessLexer, TakesNoNodeNameForMoreThanAName) {
-    std::vector<Expectation> expectations;
-    for (const std::string_view name : vocabulary::kImaginary) {
-        expectations.push_back({std::string(name), TokenOfWord(name)});
-    }
-    ExpectWords(expectations);
-    ExpectWords({{"SELECT_LIST", "IDENTIFICATOR"}, {"NUMBER_literal", "IDENTIFICATOR"}, {"IN_", "IDENTIFICATOR"},
-                 {"LITERALAS", "IDENTIFICATOR"}, {"ALIAS", "IDENTIFICATOR"}, {"UNDERLINE", "IDENTIFICATOR"}});
-}
-
-TEST(AccessLexer, TakesAWordThatGoesOnForAName) {
-    const std::string following = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_0123456789";
-    std::vector<Expectation> expectations;
-    for (const std::string& word : AllWords()) {
-        for (const char unit : following) expectations.push_back({word + unit, TokenOfWord(word + unit)});
-    }
-    ExpectWords(expectations);
-    ExpectWords({{"SELECTED", "IDENTIFICATOR"}, {"SELECT_", "IDENTIFICATOR"}, {"SELECT1", "IDENTIFICATOR"},
-                 {"dayS", "IDENTIFICATOR"}, {"WITH1", "IDENTIFICATOR"}, {"STDEVP", "STDEVP"}, {"LEFTB", "LEFTB"}});
-}
-
-TEST(AccessLexer, TakesAWordThatGoesOnInAnotherAlphabetForAName) {
-    for (const std::string& word : AllWords()) {
-        for (const char16_t unit : {u'\u0080', u'ä', u'ж', u'\xD800', u'\uFFFE'}) {
-            const std::u16string text = Wide(word) + unit;
-            const Recognition recognition(text);
-            EXPECT_EQ(Types(recognition), "IDENTIFICATOR") << ToUtf8(text);
-        }
-    }
-}
-
-TEST(AccessLexer, TakesTheBeginningOfAWordForANameUnlessItIsAWordItself) {
-    std::vector<Expectation> expectations;
-    for (const std::string& word : AllWords()) {
-        for (std::size_t length = 1; length < word.size(); ++length) {
-            const std::string beginning = word.substr(0, length);
-            expectations.push_back({beginning, TokenOfWord(beginning)});
-        }
-    }
-    ExpectWords(expectations);
-    ExpectWords({{"SELEC", "IDENTIFICATOR"}, {"STDE", "IDENTIFICATOR"}, {"wee", "IDENTIFICATOR"}});
-}
-
-TEST(AccessLexer, EndsAWordAtAnySign) {
-    for (const std::string& word : AllWords()) {
-        for (const Entry& sign : vocabulary::kSigns) {
-            if (sign.text == "$") continue;
-            const Recognition recognition(Wide(word + std::string(sign.text)));
-            EXPECT_EQ(Types(recognition), TokenOfWord(word) + " " + std::string(sign.token)) << word << sign.text;
-        }
-    }
-}
-
-TEST(AccessLexer, TakesNoLetterOfAnotherAlphabetIntoAKeyword) {
-    ExpectTypes(std::vector<Row>{
-        {u"\u017FELECT", "IDENTIFICATOR"},  // long s
-        {u"L\u0130KE", "IDENTIFICATOR"},    // dotted capital i
-        {u"L\u0131KE", "IDENTIFICATOR"},    // dotless i
-        {u"LI\u212AE", "IDENTIFICATOR"},    // Kelvin sign
-        {u"ＡＳ", "IDENTIFICATOR"},         // full-width letters
-        {u"\u0410S", "IDENTIFICATOR"},      // Cyrillic a
-    });
-}
-
-// ------------------------------------------------------------------------------------------------------ dollar signs
-
-TEST(AccessLexer, TakesADollarSignIntoTheKeywordsThatHaveSuchAForm) {
-    for (const Entry& keyword : vocabulary::kDollarKeywords) {
-        for (const std::string& word : {std::string(keyword.text), vocabulary::Lower(keyword.text), Mixed(keyword.text)}) {
-            const Recognition recognition(Wide(word));
-            EXPECT_EQ(Types(recognition), keyword.token);
-            ASSERT_EQ(recognition.Tokens().size(), 1U);
-            EXPECT_EQ(recognition.Tokens().front().text, Wide(word));
-        }
-    }
-}
-
-TEST(AccessLexer, DoesNotLookBehindTheDollarSignOfAKeyword) {
-    const Entry following[] = {{"IDENTIFICATOR", "x"}, {"IDENTIFICATOR", "_"}, {"DIGIT", "1"},       {"DOLLAR", "$"},
-                               {"LEFT_PAREN", "("},    {"@WS", " "},           {"ASC_KEYWORD", "asc"}, {"LEFT_KEYWORD", "left"}};
-    for (const Entry& keyword : vocabulary::kDollarKeywords) {
-        for (const Entry& next : following) {
-            const Recognition recognition(Wide(std::string(keyword.text) + std::string(next.text)));
-            EXPECT_EQ(Types(recognition), std::string(keyword.token) + " " + std::string(next.token));
-        }
-    }
-}
-
-TEST(AccessLexer, EndsAnyOtherWordAtADollarSign) {
-    for (const std::string& word : AllWords()) {
-        const bool hasDollarForm =
-            std::any_of(std::begin(vocabulary::kDollarKeywords), std::end(vocabulary::kDollarKeywords),
-                        [&](const Entry& keyword) { return keyword.text == word + "$"; });
-        if (hasDollarForm) continue;
-        const Recognition recognition(Wide(word + "$"));
-        EXPECT_EQ(Types(recognition), TokenOfWord(word) + " DOLLAR") << word;
-    }
-    ExpectTypes(std::vector<Row>{
-        {u"abc$", "IDENTIFICATOR DOLLAR"},
-        {u"LEFTS$", "IDENTIFICATOR DOLLAR"},
-        {u"Größe$", "IDENTIFICATOR DOLLAR"},
-        {u"1$", "DIGIT DOLLAR"},
-        {u"LEFT $", "LEFT_KEYWORD @WS DOLLAR"},
-        {u"$LEFT", "DOLLAR LEFT_KEYWORD"},
-        {u"LEFT$(", "LEFT_KEYWORD_DOLLAR LEFT_PAREN"},
-        {u"LEFT(", "LEFT_KEYWORD LEFT_PAREN"},
-    });
-}
 
 // ------------------------------------------------------------------------------------------ signs, numbers and names
 
@@ -320,8 +29,9 @@ TEST(AccessLexer, JoinsTwoSignsThatStandTogetherInACompoundAndNoOthers) {
     for (const Entry& first : vocabulary::kSigns) {
         for (const Entry& second : vocabulary::kSigns) {
             const std::string pair = std::string(first.text) + std::string(second.text);
-            const auto compound = std::find_if(std::begin(vocabulary::kCompoundSigns), std::end(vocabulary::kCompoundSigns),
-                                               [&](const Entry& entry) { return entry.text == pair; });
+            const auto compound =
+                std::find_if(std::begin(vocabulary::kCompoundSigns), std::end(vocabulary::kCompoundSigns),
+                             [&](const Entry& entry) { return entry.text == pair; });
             const std::string apart = std::string(first.token) + " " + std::string(second.token);
             const bool joined = compound != std::end(vocabulary::kCompoundSigns);
             EXPECT_EQ(Types(Recognition(Wide(pair))), joined ? std::string(compound->token) : apart) << pair;
@@ -504,7 +214,8 @@ TEST(AccessLexer, ReportsInOneLineWhateverIsLost) {
         const std::vector<QZReport> reports = LexerReports(recognition);
         ASSERT_EQ(reports.size(), 1U) << ToUtf8(text);
         const std::string& message = reports.front().message;
-        const bool hasControl = std::any_of(message.begin(), message.end(), [](unsigned char unit) { return unit < 0x20; });
+        const bool hasControl =
+            std::any_of(message.begin(), message.end(), [](unsigned char unit) { return unit < 0x20; });
         EXPECT_FALSE(hasControl) << testing::PrintToString(message);
     }
 }
@@ -525,9 +236,9 @@ TEST(AccessLexer, TakesBracketsAndQuotesWithAllThatIsInThemForOneToken) {
     } kinds[] = {{u"[]", "COL_PAREN_ATTRITION"}, {u"''", "QUOTE_ATTRITION"}, {u"\"\"", "MY_QUOTE_ATTRITION"}};
     for (const auto& kind : kinds) {
         for (const std::u16string_view body :
-             {u""sv, u"abc"sv, u" a b "sv, u"a\nb"sv, u"a\r\nb"sv, u"\n"sv, u"\t"sv, u"\0"sv, u"a\0b"sv, u";?\\~"sv,
-              u"\x01\x1F\x7F"sv, u"Größe 名前"sv, u"\xD83D\xDE00"sv, u"\xD83D"sv, u"\xDE00"sv, u"\uFFFE"sv, u"\uFFFF"sv,
-              u"SELECT"sv, u"--"sv, u"[("sv, u"a.b"sv}) {
+             {u""sv,       u"abc"sv,    u" a b "sv,  u"a\nb"sv,         u"a\r\nb"sv,     u"\n"sv,           u"\t"sv,
+              u"\0"sv,     u"a\0b"sv,   u";?\\~"sv,  u"\x01\x1F\x7F"sv, u"Größe 名前"sv, u"\xD83D\xDE00"sv, u"\xD83D"sv,
+              u"\xDE00"sv, u"\uFFFE"sv, u"\uFFFF"sv, u"SELECT"sv,       u"--"sv,         u"[("sv,           u"a.b"sv}) {
             const std::u16string text = kind.delimiters.front() + std::u16string(body) + kind.delimiters.back();
             const Recognition recognition(text + u" x");
             SCOPED_TRACE(ToUtf8(text));

@@ -102,7 +102,7 @@ TEST(DeepNesting, ReachesFurtherOnALargerStack) {
 
 // A prefix is taken once: the second NOT does not nest.
 TEST(DeepNesting, IsNotSeenInAMegabyteOfNot) {
-    for (const std::size_t stack : {128 * 1024, 1024 * 1024}) {
+    for (const std::size_t stack : {std::size_t{128} << 10, std::size_t{1} << 20}) {
         RunOnStack(stack, [] {
             const Recognition recognition(u"SELECT " + AMegabyteOf(u"NOT "));
             EXPECT_GT(QZChildCount(recognition.Root()), 200000U);

@@ -217,7 +217,7 @@ TEST(Reports, CountErrorsOfEachRecognizerApart) {
         std::uint32_t parserErrors;
     } rows[] = {
         {u"SELECT a FROM t", 0, 0}, {u"SELECT a; FROM t?", 2, 0}, {u"UPDATE t", 0, 1},
-        {u"~UPDATE", 1, 1},         {u"SELECT a b c", 0, 0},     {u"SELECT 'a", 1, 1},
+        {u"~UPDATE", 1, 1},         {u"SELECT a b c", 0, 0},      {u"SELECT 'a", 1, 1},
     };
     for (const auto& row : rows) {
         const Recognition recognition{std::u16string(row.text)};

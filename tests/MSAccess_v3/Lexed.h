@@ -1,0 +1,70 @@
+// What the lexer makes of a text, for its tests.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/support/Recognition.h"
+
+inline std::u16string Wide(std::string_view ascii) { return {ascii.begin(), ascii.end()}; }
+
+inline std::string Quoted(std::string_view text) { return "'" + std::string(text) + "'"; }
+
+inline std::string TypeOf(const Recognition& recognition, const QZToken& token) {
+    return (token.hidden ? "@" : "") + std::string(QZTokenName(recognition.Grammar(), token.type));
+}
+
+// The types of all tokens by blanks, hidden ones with an @ in front.
+inline std::string Types(const Recognition& recognition) {
+    std::string types;
+    for (const QZToken& token : recognition.Tokens()) {
+        types += (types.empty() ? "" : " ") + TypeOf(recognition, token);
+    }
+    return types;
+}
+
+inline std::vector<QZReport> LexerReports(const Recognition& recognition) {
+    std::vector<QZReport> reports;
+    for (const QZReport& report : recognition.Reports()) {
+        if (report.phase == QZPhase::Lexer) reports.push_back(report);
+    }
+    return reports;
+}
+
+struct Row {
+    std::u16string_view text;
+    std::string_view types;
+};
+
+template <class Rows>
+void ExpectTypes(const Rows& rows) {
+    for (const Row& row : rows) {
+        SCOPED_TRACE(ToUtf8(row.text));
+        const Recognition recognition{std::u16string(row.text)};
+        EXPECT_EQ(Types(recognition), row.types);
+        EXPECT_EQ(recognition.LexerErrors(), 0U);
+    }
+}
+
+struct Expectation {
+    std::string word;
+    std::string type;
+};
+
+// Every word on a line of its own: one token each, with the word as its text.
+inline void ExpectWords(const std::vector<Expectation>& expectations) {
+    std::string text;
+    for (const Expectation& expected : expectations) text += expected.word + '\n';
+    const Recognition recognition(Wide(text));
+    const std::vector<QZToken> tokens = recognition.Tokens();
+    ASSERT_EQ(tokens.size(), 2 * expectations.size());
+    EXPECT_EQ(recognition.LexerErrors(), 0U);
+    for (std::size_t i = 0; i < expectations.size(); ++i) {
+        EXPECT_EQ(TypeOf(recognition, tokens[2 * i]), expectations[i].type) << expectations[i].word;
+        EXPECT_EQ(tokens[2 * i].text, Wide(expectations[i].word));
+        EXPECT_EQ(TypeOf(recognition, tokens[2 * i + 1]), "@WS");
+    }
+}
