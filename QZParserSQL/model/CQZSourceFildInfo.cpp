@@ -1,0 +1,3 @@
+#include "QZParserSQL/model/CQZSourceFildInfo.h"
+
+CQZSourceFildInfo::~CQZSourceFildInfo() = default;

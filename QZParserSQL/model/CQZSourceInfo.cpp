@@ -1,0 +1,3 @@
+#include "QZParserSQL/model/CQZSourceInfo.h"
+
+CQZSourceInfo::~CQZSourceInfo() = default;

@@ -1,0 +1,25 @@
+// Deep structures are copied without recursion, so that nesting costs memory and no stack.
+#pragma once
+
+class CQZAliasInfo;
+class CQZQueryInfo;
+class CQZQueryUnionInfo;
+class SelectItem;
+class SelectItemSubQuery;
+class SelectItemUnion;
+
+namespace qz {
+
+/// Chooses the constructors that copy an object without what it owns.
+struct Bare {};
+
+/// Gives a bare copy clones of all that the original owns. Objects of classes that a host derived are cloned by their
+/// own Clone. What was copied before something is thrown belongs to the copy.
+void CopyOwned(const SelectItem& from, SelectItem& to);
+void CopyOwned(const SelectItemSubQuery& from, SelectItemSubQuery& to);
+void CopyOwned(const SelectItemUnion& from, SelectItemUnion& to);
+void CopyOwned(const CQZAliasInfo& from, CQZAliasInfo& to);
+void CopyOwned(const CQZQueryUnionInfo& from, CQZQueryUnionInfo& to);
+void CopyOwned(const CQZQueryInfo& from, CQZQueryInfo& to);
+
+}  // namespace qz

@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include <type_traits>
+
+#include "QZParserSQL/model/CQZAliasInfo.h"
+#include "tests/model/Samples.h"
+
+namespace {
+
+using sample::Item;
+using sample::Log;
+
+static_assert(std::is_base_of_v<CQZSourceFildInfo, CQZAliasInfo>);
+static_assert(std::is_base_of_v<CQZObjectInfo, CQZSourceFildInfo>);
+static_assert(std::is_abstract_v<CQZSourceFildInfo>);
+
+TEST(CQZAliasInfo, StandsForAnExpression) {
+    CQZAliasInfo alias;
+    EXPECT_EQ(alias.Calculated, 1);
+    EXPECT_EQ(alias.GetAliasTable(), u"");
+    EXPECT_EQ(alias.GetAliasField(), u"");
+    EXPECT_EQ(alias.Reserved, u"");
+    EXPECT_EQ(alias.Expression, nullptr);
+    EXPECT_TRUE(alias.IsVirtualObject(0));
+    EXPECT_TRUE(alias.IsVirtualObject(1));
+    EXPECT_FALSE(alias.IsRealObject(0));
+    EXPECT_FALSE(alias.IsRealObject(1));
+    EXPECT_EQ(alias.CheckAlias(u"any text"), 0);
+}
+
+TEST(CQZAliasInfo, KeepsTheNamesOfWhatItStandsFor) {
+    CQZAliasInfo alias;
+    alias.SetAliasTable(u" T ");
+    alias.SetAliasField(u" F ");
+    EXPECT_EQ(alias.GetAliasTable(), u" T ");
+    EXPECT_EQ(alias.GetAliasField(), u" F ");
+}
+
+TEST(CQZAliasInfo, ACloneHasAnExpressionOfItsOwn) {
+    CQZAliasInfo alias;
+    alias.SetName(u"Total");
+    alias.SetSrcName(u"Total");
+    alias.SetAliasTable(u"Orders");
+    alias.SetAliasField(u"Price");
+    alias.Reserved = u"not copied";
+    alias.Expression = Item(u"root", {Item(u"a"), Item(u"b")});
+    const std::unique_ptr<CQZAliasInfo> clone(alias.Clone(0));
+    EXPECT_EQ(clone->GetGUID(), alias.GetGUID());
+    EXPECT_EQ(clone->GetName(), u"Total");
+    EXPECT_EQ(clone->GetSrcName(), u"Total");
+    EXPECT_EQ(clone->GetAliasTable(), u"Orders");
+    EXPECT_EQ(clone->GetAliasField(), u"Price");
+    EXPECT_EQ(clone->Calculated, 1);
+    EXPECT_EQ(clone->Reserved, u"");
+    ASSERT_NE(clone->Expression, nullptr);
+    EXPECT_NE(clone->Expression, alias.Expression);
+    EXPECT_EQ(clone->Expression->Text, u"root");
+    EXPECT_EQ(clone->Expression->JoinChildren(), u"a,b");
+}
+
+TEST(CQZAliasInfo, ACloneKeepsWhatCalculatedWasSetTo) {
+    CQZAliasInfo alias;
+    alias.Calculated = 0;
+    const std::unique_ptr<CQZAliasInfo> clone(alias.Clone(0));
+    EXPECT_EQ(clone->Calculated, 0);
+    EXPECT_EQ(clone->Expression, nullptr);
+}
+
+TEST(CQZAliasInfo, ClonesItsExpressionByTheExpressionsClass) {
+    Log log;
+    {
+        CQZAliasInfo alias;
+        alias.Expression = Item(log, "expression");
+        const std::unique_ptr<CQZAliasInfo> clone(alias.Clone(0));
+        EXPECT_NE(dynamic_cast<sample::LoggedItem*>(clone->Expression), nullptr);
+    }
+    EXPECT_EQ(log, Log({"expression", "expression"}));
+}
+
+TEST(CQZAliasInfo, DeletesItsExpression) {
+    Log log;
+    {
+        CQZAliasInfo alias;
+        alias.Expression = Item(log, "root", {Item(log, "child")});
+    }
+    EXPECT_EQ(log, Log({"root", "child"}));
+}
+
+}  // namespace
