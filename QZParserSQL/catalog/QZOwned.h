@@ -1,0 +1,20 @@
+// Sole ownership of the catalog's objects.
+#pragma once
+
+#include <memory>
+#include <type_traits>
+
+/// Ends an object in the way that its class offers: by its virtual destructor, or else by its Destroy.
+struct QZDisposer {
+    template <class Object>
+    void operator()(Object* pObject) const {
+        if constexpr (std::has_virtual_destructor_v<Object>) {
+            delete pObject;
+        } else {
+            pObject->Destroy();
+        }
+    }
+};
+
+template <class Object>
+using QZOwned = std::unique_ptr<Object, QZDisposer>;
