@@ -409,6 +409,46 @@ TEST_F(TellingChildren, CannotDisturbASetter) {
     EXPECT_EQ(ChangedBy([&] { table.SetCopyData(0); }), Options({{"Selected", 0}, {"CopyData", 0}}));
 }
 
+/// The first child of each list tells, the second does not: what the first one disturbed would stay.
+class FirstChildrenTell : public TableRules {
+ protected:
+    FirstChildrenTell() {
+        field.tells = index.tells = key.tells = true;
+        table.AddField(u"f2");
+        table.AddIndex(u"i2");
+        table.AddForeignKey(u"k2");
+    }
+};
+
+TEST_F(FirstChildrenTell, CannotDisturbASetter) {
+    EXPECT_EQ(ChangedBy([&] { table.SetCopyIndexes(0); }), Options({{"CopyIndexes", 0}}));
+    EXPECT_EQ(ChangedBy([&] { table.SetCopyForeignKeys(0); }), Options({{"CopyForeignKeys", 0}}));
+    table.SetCopyData(0);
+    EXPECT_EQ(ChangedBy([&] { table.SetCopyStructure(0); }), Options({{"Selected", 0}, {"CopyStructure", 0}}));
+    table.SetCopyData(1);
+    EXPECT_EQ(ChangedBy([&] { table.SetCopyData(0); }), Options({{"Selected", 0}, {"CopyData", 0}}));
+}
+
+/// Asks for a refresh before it passes a change of its structure on.
+class HastyTable final : public Table {
+ public:
+    void SetCopyStructure(int nValue) override {
+        RefreshSelection(0);
+        selectedBefore = GetSelected();
+        Table::SetCopyStructure(nValue);
+    }
+
+    int selectedBefore = -1;
+};
+
+TEST(HastyTables, CannotDisturbTheirSelection) {
+    HastyTable table;
+    table.AddField(u"f");
+    table.SetSelected(0);
+    EXPECT_EQ(table.selectedBefore, 0);
+    EXPECT_EQ(table.GetSelected(), 0);
+}
+
 TEST_F(TellingChildren, AreHeardBehindASetter) {
     table.SetCopyIndexes(0);
     table.SetSelected(0);

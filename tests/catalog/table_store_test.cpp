@@ -197,6 +197,8 @@ TEST(TableStore, LoadsSectionsInAnyOrder) {
     ASSERT_NE(table.GetFilter(), nullptr);
     EXPECT_EQ(table.GetFilter()->GetSQLQuery(), u"x > 1");
     EXPECT_EQ(factory.made, Log({"Field 2", "ForeignKey 2", "Filter 0"}));
+    EXPECT_EQ(From(store.log, "exists Filter"),
+              Log({"exists Filter", "open Filter 0", "DBType? 0", "SQLQuery? ''", "UseSQLQuery? 0", "close"}));
 }
 
 TEST(TableStore, KeepsAFilterThatItLoadsAsItIs) {

@@ -180,6 +180,16 @@ TEST(CQZTableInfo, FindsThePrimaryIndexOnce) {
     EXPECT_EQ(table.GetPrimaryIndex(), &second);
 }
 
+TEST(CQZTableInfo, TakesTheFirstOfSeveralPrimaryIndexes) {
+    Table table;
+    table.AddIndex(u"other");
+    Index& first = table.AddIndex(u"first");
+    Index& second = table.AddIndex(u"second");
+    first.primaryIndex = 2;
+    second.primaryIndex = 1;
+    EXPECT_EQ(table.GetPrimaryIndex(), &first);
+}
+
 TEST(CQZTableInfo, RemembersThatThereIsNoPrimaryIndexUntilItIsCleared) {
     Table table;
     EXPECT_EQ(table.GetPrimaryIndex(), nullptr);
