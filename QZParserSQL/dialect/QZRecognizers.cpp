@@ -53,6 +53,8 @@ const char* QZTokenName(const QZGrammar& grammar, std::uint32_t type) {
     return type < grammar.tokenNameCount ? grammar.tokenNames[type] : nullptr;
 }
 
+std::uint32_t QZTokenTypeCount(const QZGrammar& grammar) { return grammar.tokenNameCount; }
+
 void QZSetLexerReporter(void* lexer, const QZReporter* reporter) {
     LexerOf(lexer)->rec->state->userp = const_cast<QZReporter*>(reporter);
 }

@@ -43,6 +43,9 @@ QZ_API void* QZNewParser(const QZGrammar& grammar, QZTokenStream* tokens);
 /// "EOF" for the end of the text; null for a number outside the vocabulary.
 QZ_API const char* QZTokenName(const QZGrammar& grammar, std::uint32_t type);
 
+/// One more than the highest token type of the vocabulary.
+QZ_API std::uint32_t QZTokenTypeCount(const QZGrammar& grammar);
+
 /// A place in the text: line and column from 1, offset in UTF-16 code units from 0.
 struct QZPosition {
     std::uint32_t line = 0;

@@ -2,18 +2,15 @@
 
 #include <utility>
 
-#include "QZParserSQL/model/Copier.h"
-#include "QZParserSQL/model/Dispose.h"
-#include "QZParserSQL/model/SelectItem.h"
-
 CQZAliasInfo::CQZAliasInfo() { Calculated = 1; }
 
-CQZAliasInfo::CQZAliasInfo(const CQZAliasInfo& other) : CQZAliasInfo(other, qz::Bare()) { qz::CopyOwned(other, *this); }
+CQZAliasInfo::CQZAliasInfo(const CQZAliasInfo& other)
+    : CQZSourceFildInfo(other),
+      AliasTable(other.AliasTable),
+      AliasField(other.AliasField),
+      Expression(other.Expression) {}
 
-CQZAliasInfo::CQZAliasInfo(const CQZAliasInfo& other, qz::Bare /*bare*/)
-    : CQZSourceFildInfo(other), AliasTable(other.AliasTable), AliasField(other.AliasField) {}
-
-CQZAliasInfo::~CQZAliasInfo() { qz::Dispose(Expression); }
+CQZAliasInfo::~CQZAliasInfo() = default;
 
 CQZAliasInfo* CQZAliasInfo::Clone(int /*bSelectedOnly*/) const { return new CQZAliasInfo(*this); }
 

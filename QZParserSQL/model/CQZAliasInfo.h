@@ -2,21 +2,14 @@
 #pragma once
 
 #include "QZParserSQL/model/CQZSourceFildInfo.h"
-
-class SelectItem;
-
-namespace qz {
-class Copier;
-struct Bare;
-}  // namespace qz
+#include "QZParserSQL/model/QZSharedItem.h"
 
 /// The AS name of an expression. SrcName and Name both hold it as written, without quotes. An alias is Calculated.
 class QZ_API CQZAliasInfo : public CQZSourceFildInfo {
  public:
     CQZAliasInfo();
-    /// Clones the expression, and leaves Reserved empty.
+    /// Copies the expression, see QZSharedItem, and leaves Reserved empty.
     CQZAliasInfo(const CQZAliasInfo& other);
-    /// Deletes the expression.
     ~CQZAliasInfo() override;
 
     CQZAliasInfo* Clone(int bSelectedOnly) const override;
@@ -39,9 +32,5 @@ class QZ_API CQZAliasInfo : public CQZSourceFildInfo {
 
  public:
     /// The root item whose children are the expression that the alias stands for; owned, null at first.
-    SelectItem* Expression = nullptr;
-
- private:
-    friend class qz::Copier;
-    CQZAliasInfo(const CQZAliasInfo& other, qz::Bare);
+    QZSharedItem Expression;
 };

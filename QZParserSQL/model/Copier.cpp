@@ -44,8 +44,6 @@ class Copier {
         CloneOne(from.Query, to.Query);
     }
 
-    void Fill(const CQZAliasInfo& from, CQZAliasInfo& to) { CloneOne(from.Expression, to.Expression); }
-
     void Fill(const CQZQueryUnionInfo& from, CQZQueryUnionInfo& to) { CloneOne(from.Query, to.Query); }
 
     void Fill(const CQZQueryInfo& from, CQZQueryInfo& to) {
@@ -76,8 +74,7 @@ class Copier {
         return std::unique_ptr<CQZQueryInfo>(from.Clone(0));
     }
 
-    std::unique_ptr<CQZAliasInfo> CloneOf(const CQZAliasInfo& from) {
-        if (typeid(from) == typeid(CQZAliasInfo)) return FilledLater<CQZAliasInfo>(from);
+    static std::unique_ptr<CQZAliasInfo> CloneOf(const CQZAliasInfo& from) {
         return std::unique_ptr<CQZAliasInfo>(from.Clone(0));
     }
 
@@ -123,7 +120,6 @@ class Copier {
 void CopyOwned(const SelectItem& from, SelectItem& to) { Copier().Run(from, to); }
 void CopyOwned(const SelectItemSubQuery& from, SelectItemSubQuery& to) { Copier().Run(from, to); }
 void CopyOwned(const SelectItemUnion& from, SelectItemUnion& to) { Copier().Run(from, to); }
-void CopyOwned(const CQZAliasInfo& from, CQZAliasInfo& to) { Copier().Run(from, to); }
 void CopyOwned(const CQZQueryUnionInfo& from, CQZQueryUnionInfo& to) { Copier().Run(from, to); }
 void CopyOwned(const CQZQueryInfo& from, CQZQueryInfo& to) { Copier().Run(from, to); }
 

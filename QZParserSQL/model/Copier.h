@@ -1,7 +1,6 @@
 // Deep structures are copied without recursion, so that nesting costs memory and no stack.
 #pragma once
 
-class CQZAliasInfo;
 class CQZQueryInfo;
 class CQZQueryUnionInfo;
 class SelectItem;
@@ -18,7 +17,6 @@ struct Bare {};
 void CopyOwned(const SelectItem& from, SelectItem& to);
 void CopyOwned(const SelectItemSubQuery& from, SelectItemSubQuery& to);
 void CopyOwned(const SelectItemUnion& from, SelectItemUnion& to);
-void CopyOwned(const CQZAliasInfo& from, CQZAliasInfo& to);
 void CopyOwned(const CQZQueryUnionInfo& from, CQZQueryUnionInfo& to);
 void CopyOwned(const CQZQueryInfo& from, CQZQueryInfo& to);
 

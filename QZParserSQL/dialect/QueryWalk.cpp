@@ -1,0 +1,74 @@
+#include "QZParserSQL/dialect/QueryWalk.h"
+
+#include <algorithm>
+
+#include "QZParserSQL/dialect/StateSelectQuery.h"
+#include "QZParserSQL/model/CQZQueryInfo.h"
+
+QueryWalk::QueryWalk() = default;
+
+QueryWalk::~QueryWalk() {
+    for (auto& [select, aliases] : m_Scanned)
+        for (const auto& [key, alias] : aliases) delete alias;
+}
+
+void QueryWalk::Run() {
+    if (m_bRunning) return;
+    struct Running {
+        explicit Running(bool& flag) : m_Flag(flag) { m_Flag = true; }
+        ~Running() { m_Flag = false; }
+        bool& m_Flag;
+    } running(m_bRunning);
+
+    while (!m_Waiting.empty()) {
+        const Task task = m_Waiting.back();
+        m_Waiting.pop_back();
+        const auto earlier = m_Waiting.size();
+        const auto nested = m_Nested.size();
+        try {
+            Do(task);
+        } catch (...) {
+            m_Waiting.resize(earlier);
+            m_Nested.resize(std::min(nested, m_Nested.size()));
+            if (!task.Ends()) Abandon();
+            if (m_Nested.empty()) throw;
+            m_Nested.pop_back();
+            continue;
+        }
+        // The last one is the next.
+        std::reverse(m_Waiting.begin() + static_cast<std::ptrdiff_t>(earlier), m_Waiting.end());
+    }
+}
+
+void QueryWalk::Do(const Task& task) {
+    if (task.Ends()) {
+        task.state->m_pQuery->ResolveSourceGUIDs();
+        m_Nested.pop_back();
+    } else if (!IsFull()) {
+        (task.state->*task.step)(task.place);
+    }
+}
+
+// Drops the steps up to the end of the innermost nested query, that one included.
+void QueryWalk::Abandon() {
+    bool ended = false;
+    while (!ended && !m_Waiting.empty()) {
+        ended = m_Waiting.back().Ends();
+        m_Waiting.pop_back();
+    }
+}
+
+StateSelectQuery& QueryWalk::Begin(std::unique_ptr<StateSelectQuery> state) {
+    m_Nested.push_back(std::move(state));
+    return *m_Nested.back();
+}
+
+const QueryWalk::Aliases* QueryWalk::AliasesBelow(const CQZSQLTree* select) const {
+    const auto found = m_Scanned.find(select);
+    return found == m_Scanned.end() ? nullptr : &found->second;
+}
+
+void QueryWalk::KeepAliases(const CQZSQLTree* select, const Aliases& aliases) {
+    Aliases& kept = m_Scanned[select];
+    for (const auto& [key, alias] : aliases) kept[key] = alias->Clone(0);
+}

@@ -1,0 +1,75 @@
+// What the states of one build share: the steps still to be done, the bound, and what scans have found.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "QZParserSQL/model/CQZAliasInfo.h"
+#include "QZParserSQL/model/SelectItem.h"
+#include "QZParserSQL/platform/CList.h"
+#include "QZParserSQL/platform/CMap.h"
+
+class CQZSQLTree;
+class StateSelectQuery;
+
+/// Where a step of a walk stands: a node, the list that its items go to, the node above.
+struct WalkPlace {
+    CQZSQLTree* node = nullptr;
+    CList<SelectItem*>* list = nullptr;
+    CQZSQLTree* parent = nullptr;
+};
+
+/// A walk goes as deep as its tree and needs no stack for it: a step does what it has to do at its node and leaves what
+/// lies below for later. Steps that one step leaves are done in the order in which it leaves them, each with all that
+/// follows from it before the next, as by recursion.
+class QueryWalk {
+ public:
+    using Step = void (StateSelectQuery::*)(const WalkPlace& place);
+
+    QueryWalk();
+    ~QueryWalk();
+    QueryWalk(const QueryWalk&) = delete;
+    QueryWalk& operator=(const QueryWalk&) = delete;
+
+    void Later(StateSelectQuery& state, Step step, const WalkPlace& place) { m_Waiting.push_back({&state, step, place}); }
+
+    /// Does all steps; from within a step nothing, since the outer call goes on. What a step throws ends the innermost
+    /// nested query, which keeps what it has; outside of any it comes out here.
+    void Run();
+
+    /// Takes over the state of a nested query. The steps left from here on are its own, until those of End are done.
+    StateSelectQuery& Begin(std::unique_ptr<StateSelectQuery> state);
+    void End(StateSelectQuery& state) { m_Waiting.push_back({&state, nullptr, {}}); }
+
+    /// Counts objects of the model. From the bound on, a walk only closes what it has begun.
+    void Count(std::size_t objects = 1) { m_nObjects += objects; }
+    bool IsFull() const { return m_nObjects >= kBound; }
+
+    /// The aliases that a scan has found below a SELECT which does not see the names around it: they are the same
+    /// whenever it is walked, and share their expressions.
+    using Aliases = CTypedMapStringToPtr<CQZAliasInfo>;
+    const Aliases* AliasesBelow(const CQZSQLTree* select) const;
+    void KeepAliases(const CQZSQLTree* select, const Aliases& aliases);
+
+ private:
+    struct Task {
+        StateSelectQuery* state;
+        Step step;  // null where the state's query ends
+        WalkPlace place;
+
+        bool Ends() const { return step == nullptr; }
+    };
+
+    static constexpr std::size_t kBound = 2'000'000;
+
+    void Do(const Task& task);
+    void Abandon();
+
+    std::vector<Task> m_Waiting;
+    std::vector<std::unique_ptr<StateSelectQuery>> m_Nested;
+    std::unordered_map<const CQZSQLTree*, Aliases> m_Scanned;
+    std::size_t m_nObjects = 0;
+    bool m_bRunning = false;
+};

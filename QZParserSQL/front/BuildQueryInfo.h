@@ -1,0 +1,34 @@
+// From the text of a stored query to its model.
+#pragma once
+
+#include "QZParserSQL/platform/Export.h"
+
+class CQZQueryInfo;
+
+/// The kinds of database, as hosts number them.
+enum DBTypes {
+    kDbMySQL = 1,
+    kDbMSAccess = 2,
+    kDbOther5 = 5,
+    kDbMSSQL = 8,
+    kDbOracle = 16,
+    kDbOther20 = 20,
+};
+
+/// What became of a build.
+struct QZBuildResult {
+    /// The model would have had more than two million objects: it keeps what it has, which is not all.
+    bool isCut = false;
+    /// The text nests deeper than this thread's stack allows: the tree, and so the model, lacks what was deeper.
+    bool nestedTooDeep = false;
+};
+
+/// Fills the model of a query of MS Access from its text; for other kinds of database it does nothing. The query has
+/// its text (SetSQL) and, for `t.*` to become the fields of a table, its catalog (SetDatabase). Clause lists are
+/// emptied first, maps keep their entries. Nothing is thrown: a text with errors gives a model as far as its tree goes,
+/// and the errors are told on the standard error stream; the rewritten text is told on the console. One query on one
+/// thread at a time; different queries of one catalog, too, one after another.
+QZ_API void BuildQueryInfo(CQZQueryInfo* pQuery, DBTypes eType);
+
+/// The same, and tells what became of it.
+QZ_API QZBuildResult QZBuildQuery(CQZQueryInfo* pQuery, DBTypes eType);
