@@ -1,6 +1,5 @@
 #include "QZParserSQL/model/CQZQueryInfo.h"
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -8,6 +7,7 @@
 #include "QZParserSQL/catalog/CQZTableInfo.h"
 #include "QZParserSQL/model/Copier.h"
 #include "QZParserSQL/model/Dispose.h"
+#include "QZParserSQL/model/Nesting.h"
 #include "QZParserSQL/model/SelectItemSubQuery.h"
 #include "QZParserSQL/model/SelectItemUnion.h"
 
@@ -21,19 +21,6 @@ void DisposeList(const CList<T*>& list) {
 template <class T>
 void DisposeMap(const CTypedMapStringToPtr<T>& map) {
     for (const auto& [key, value] : map) qz::Dispose(value);
-}
-
-// A query and all that are nested in it, each behind those that are nested in it.
-std::vector<CQZQueryInfo*> InnermostFirst(CQZQueryInfo& outermost) {
-    std::vector<CQZQueryInfo*> queries;
-    std::vector<CQZQueryInfo*> waiting = {&outermost};
-    while (!waiting.empty()) {
-        queries.push_back(waiting.back());
-        waiting.pop_back();
-        for (CQZQueryInfo* nested : queries.back()->m_listSubQueries) waiting.push_back(nested);
-    }
-    std::reverse(queries.begin(), queries.end());
-    return queries;
 }
 
 // Gives a database to the queries of items: an item first, then its query's clauses, then its children.
@@ -167,7 +154,7 @@ CQZQueryInfo& CQZQueryInfo::SetQueryFlag(int nFlag) {
 }
 
 void CQZQueryInfo::ResolveSourceGUIDs() {
-    for (CQZQueryInfo* query : InnermostFirst(*this)) query->ResolveOwnSourceGUIDs();
+    for (CQZQueryInfo* query : qz::InnermostFirst(*this)) query->ResolveOwnSourceGUIDs();
 }
 
 void CQZQueryInfo::ResolveOwnSourceGUIDs() {
