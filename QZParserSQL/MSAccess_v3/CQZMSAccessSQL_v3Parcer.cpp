@@ -25,6 +25,10 @@ void CQZMSAccessSQL_v3Parcer::SetSQL(CString& strSQL) {
     if (m_pImp) m_pImp->SetSQL(strSQL);
 }
 
+void CQZMSAccessSQL_v3Parcer::SetReporter(const QZReporter* pReporter) {
+    if (m_pImp) m_pImp->SetReporter(pReporter);
+}
+
 void CQZMSAccessSQL_v3Parcer::GetSQLTree(CQZSQLTree** ppTree) {
     *ppTree = nullptr;
     if (m_pImp) m_pImp->GetSQLTree(ppTree);

@@ -37,6 +37,8 @@ void ParserPipeline::ParseSQL() {
     if (m_pLexer != nullptr) m_pTokenStream = QZNewTokenStream(m_pLexer);
     if (m_pTokenStream != nullptr) m_pParser = QZNewParser(m_Grammar, m_pTokenStream);
     if (m_pParser == nullptr) return FreeRecognizers();
+    QZSetLexerReporter(m_pLexer, m_pReporter);
+    QZSetParserReporter(m_pParser, m_pReporter);
     m_Result = QZRunEntryRule(m_Grammar, m_pParser);
 }
 

@@ -22,6 +22,8 @@ class ParserPipeline : public CQZSQLParser {
     virtual void SetSQL(CString& strSQL);
     /// Writes a new view of the last tree, which the caller owns.
     virtual void GetSQLTree(CQZSQLTree** ppTree);
+    /// Where the reports of the parses from here on go, see QZSetParserReporter.
+    void SetReporter(const QZReporter* pReporter) { m_pReporter = pReporter; }
 
  protected:
     CQZSQLTree* ViewOf(const QZNode* root) const;
@@ -31,6 +33,7 @@ class ParserPipeline : public CQZSQLParser {
 
     QZInputStream* m_pInput = nullptr;
     const QZNode* m_Result = nullptr;
+    const QZReporter* m_pReporter = nullptr;
     QZTokenStream* m_pTokenStream = nullptr;
     void* m_pLexer = nullptr;
     void* m_pParser = nullptr;

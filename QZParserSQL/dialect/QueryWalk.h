@@ -33,7 +33,9 @@ class QueryWalk {
     QueryWalk(const QueryWalk&) = delete;
     QueryWalk& operator=(const QueryWalk&) = delete;
 
-    void Later(StateSelectQuery& state, Step step, const WalkPlace& place) { m_Waiting.push_back({&state, step, place}); }
+    void Later(StateSelectQuery& state, Step step, const WalkPlace& place) {
+        m_Waiting.push_back({&state, step, place});
+    }
 
     /// Does all steps; from within a step nothing, since the outer call goes on. What a step throws ends the innermost
     /// nested query, which keeps what it has; outside of any it comes out here.

@@ -230,7 +230,8 @@ void StateSelectQuery::WalkNode(const WalkPlace& place) {
 }
 
 void StateSelectQuery::WalkOtherNode(const WalkPlace& place) {
-    if (CQZSQLTree* first = ChildOf(*place.node, 0)) Later(&StateSelectQuery::WalkNode, {first, place.list, place.node});
+    if (CQZSQLTree* first = ChildOf(*place.node, 0))
+        Later(&StateSelectQuery::WalkNode, {first, place.list, place.node});
 }
 
 void StateSelectQuery::WalkJoinPart(const WalkPlace& place) {

@@ -195,7 +195,7 @@ class StateSelectQuery : public CList<StateSelectQuery*, StateSelectQuery*> {
     void CopyNamesTo(CQZQueryInfo& query);
 
     QueryWalk* m_pWalk = nullptr;
-    std::unique_ptr<QueryWalk> m_pOwnWalk;  // of the state that a build begins with
+    std::unique_ptr<QueryWalk> m_pOwnWalk;      // of the state that a build begins with
     std::unique_ptr<CQZAliasInfo> m_pNewAlias;  // while its expression is being filled
     CString m_strNewKey;
 };

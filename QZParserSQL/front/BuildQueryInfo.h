@@ -4,6 +4,7 @@
 #include "QZParserSQL/platform/Export.h"
 
 class CQZQueryInfo;
+struct QZReporter;
 
 /// The kinds of database, as hosts number them.
 enum DBTypes {
@@ -15,14 +16,6 @@ enum DBTypes {
     kDbOther20 = 20,
 };
 
-/// What became of a build.
-struct QZBuildResult {
-    /// The model would have had more than two million objects: it keeps what it has, which is not all.
-    bool isCut = false;
-    /// The text nests deeper than this thread's stack allows: the tree, and so the model, lacks what was deeper.
-    bool nestedTooDeep = false;
-};
-
 /// Fills the model of a query of MS Access from its text; for other kinds of database it does nothing. The query has
 /// its text (SetSQL) and, for `t.*` to become the fields of a table, its catalog (SetDatabase). Clause lists are
 /// emptied first, maps keep their entries. Nothing is thrown: a text with errors gives a model as far as its tree goes,
@@ -30,5 +23,6 @@ struct QZBuildResult {
 /// thread at a time; different queries of one catalog, too, one after another.
 QZ_API void BuildQueryInfo(CQZQueryInfo* pQuery, DBTypes eType);
 
-/// The same, and tells what became of it.
-QZ_API QZBuildResult QZBuildQuery(CQZQueryInfo* pQuery, DBTypes eType);
+/// The same with the errors of the text going to `pReporter` (places are those of the rewritten text), where it is not
+/// null. Returns false for a model that would have had more than two million objects: it keeps what was made before.
+QZ_API bool QZBuildQuery(CQZQueryInfo* pQuery, DBTypes eType, const QZReporter* pReporter);
