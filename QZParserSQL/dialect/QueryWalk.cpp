@@ -1,6 +1,7 @@
 #include "QZParserSQL/dialect/QueryWalk.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "QZParserSQL/dialect/StateSelectQuery.h"
 #include "QZParserSQL/model/CQZQueryInfo.h"
@@ -20,6 +21,7 @@ void QueryWalk::Run() {
         bool& m_Flag;
     } running(m_bRunning);
 
+    ReverseFrom(0);
     while (!m_Waiting.empty()) {
         const Task task = m_Waiting.back();
         m_Waiting.pop_back();
@@ -35,9 +37,13 @@ void QueryWalk::Run() {
             m_Nested.pop_back();
             continue;
         }
-        // The last one is the next.
-        std::reverse(m_Waiting.begin() + static_cast<std::ptrdiff_t>(earlier), m_Waiting.end());
+        ReverseFrom(earlier);
     }
+}
+
+// The last task is the next.
+void QueryWalk::ReverseFrom(std::size_t first) {
+    std::reverse(m_Waiting.begin() + static_cast<std::ptrdiff_t>(first), m_Waiting.end());
 }
 
 void QueryWalk::Do(const Task& task) {
@@ -61,6 +67,11 @@ void QueryWalk::Abandon() {
 StateSelectQuery& QueryWalk::Begin(std::unique_ptr<StateSelectQuery> state) {
     m_Nested.push_back(std::move(state));
     return *m_Nested.back();
+}
+
+const NameIndex& QueryWalk::KeepNames(NameIndex names) {
+    m_pNames = std::make_unique<const NameIndex>(std::move(names));
+    return *m_pNames;
 }
 
 const QueryWalk::Aliases* QueryWalk::AliasesBelow(const CQZSQLTree* select) const {

@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "QZParserSQL/dialect/NameIndex.h"
 #include "QZParserSQL/model/CQZAliasInfo.h"
 #include "QZParserSQL/model/SelectItem.h"
 #include "QZParserSQL/platform/CList.h"
@@ -49,6 +50,10 @@ class QueryWalk {
     void Count(std::size_t objects = 1) { m_nObjects += objects; }
     bool IsFull() const { return m_nObjects >= kBound; }
 
+    /// The names in the tree of the state that the build began with; null until they have been kept.
+    const NameIndex* Names() const { return m_pNames.get(); }
+    const NameIndex& KeepNames(NameIndex names);
+
     /// The aliases that a scan has found below a SELECT which does not see the names around it: they are the same
     /// whenever it is walked, and share their expressions.
     using Aliases = CTypedMapStringToPtr<CQZAliasInfo>;
@@ -67,10 +72,12 @@ class QueryWalk {
     static constexpr std::size_t kBound = 2'000'000;
 
     void Do(const Task& task);
+    void ReverseFrom(std::size_t first);
     void Abandon();
 
     std::vector<Task> m_Waiting;
     std::vector<std::unique_ptr<StateSelectQuery>> m_Nested;
+    std::unique_ptr<const NameIndex> m_pNames;
     std::unordered_map<const CQZSQLTree*, Aliases> m_Scanned;
     std::size_t m_nObjects = 0;
     bool m_bRunning = false;

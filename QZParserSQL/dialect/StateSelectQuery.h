@@ -115,7 +115,10 @@ class StateSelectQuery : public CList<StateSelectQuery*, StateSelectQuery*> {
 
     // Scans.
     virtual bool DeclaresAlias(NodeKind kind) const { return kind == NodeKind::ALIAS; }
-    virtual CString AliasKey(CQZSQLTree& node, const CString& strName, CQZAliasInfo& alias) const;
+    CString AliasName(CQZSQLTree& node) const;
+    virtual CString AliasKey(CQZSQLTree& node, const CString& strName) const;
+    /// What an alias remembers of what it names.
+    virtual void NameOrigin(CQZSQLTree& node, CQZAliasInfo& alias) const;
     virtual void FillExpression(CQZSQLTree& node, SelectItem& expression);
     bool IsFillingExpression() const { return m_pNewAlias != nullptr; }
     virtual void ScanFields();
@@ -168,9 +171,16 @@ class StateSelectQuery : public CList<StateSelectQuery*, StateSelectQuery*> {
     Clause m_nClause = Clause::None;
 
  private:
-    void DeclareAlias(CQZSQLTree& node);
+    struct NamesOfSelect {
+        const NameIndex& names;
+        const NameIndex::Range& range;
+    };
+
+    NamesOfSelect NamesHere();
+    NameIndex ReadNames() const;
+    void ScanAliases();
+    void DeclareAlias(const WalkPlace& place);
     void EnterAlias(const WalkPlace& place);
-    void ScanAliases(const WalkPlace& place);
     void ScanSources();
     void ScanMember(const WalkPlace& place);
     void EndScanOfMember(const WalkPlace& place);

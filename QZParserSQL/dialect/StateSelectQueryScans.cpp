@@ -40,40 +40,85 @@ void StateSelectQuery::BuildChildStates(CQZSQLTree& node) {
     ForEachNodeBelow(node, visit);
 }
 
+// ----------------------------------------------------------------------------------------------------- the index
+
+StateSelectQuery::NamesOfSelect StateSelectQuery::NamesHere() {
+    const NameIndex* known = Walk().Names();
+    const NameIndex& names = known != nullptr ? *known : Walk().KeepNames(ReadNames());
+    return {names, names.ranges.at(m_pTree)};
+}
+
+NameIndex StateSelectQuery::ReadNames() const {
+    NameIndex names;
+    bool behindDatabase = false;
+    std::vector<CQZSQLTree*> open;  // nodes that have been entered and not left, and those still to be entered
+    std::vector<CQZSQLTree*> waiting = {m_pTree};
+    while (!waiting.empty()) {
+        CQZSQLTree& node = *waiting.back();
+        const NodeKind kind = KindOf(&node);
+        const bool select = &node == m_pTree || kind == NodeKind::SELECT_QUERY;
+        if (!open.empty() && open.back() == &node) {  // all below it has been read
+            open.pop_back();
+            waiting.pop_back();
+            auto& range = names.ranges[&node];
+            range.lastAlias = names.aliases.GetCount();
+            range.lastTable = names.tables.GetCount();
+            continue;
+        }
+        if (select) {
+            open.push_back(&node);
+            names.ranges[&node] = {names.aliases.GetCount(), 0, names.tables.GetCount(), 0};
+        } else {
+            waiting.pop_back();
+        }
+        if (DeclaresAlias(kind)) names.aliases.Add(node, {}, AliasKey(node, AliasName(node)), false);
+        if (kind == NodeKind::DB_NAME) behindDatabase = m_Traits.databaseNames;
+        if (kind == NodeKind::TABLE_NAME) {
+            const CString name = NameAt(node);
+            names.tables.Add(node, name, behindDatabase ? u"." + name : name, behindDatabase);
+            behindDatabase = false;
+        }
+        for (std::uint32_t index = node.GetChildCount(); index > 0; --index)
+            waiting.push_back(node.GetChild(index - 1));
+    }
+    return names;
+}
+
 // ------------------------------------------------------------------------------------------------------- aliases
 
 void StateSelectQuery::CollectAliases() {
-    for (std::uint32_t index = 0; index < m_pTree->GetChildCount(); ++index)
-        Later(&StateSelectQuery::ScanAliases, {m_pTree->GetChild(index)});
+    ScanAliases();
     Walk().Run();
     for (StateSelectQuery* child : *this) child->CollectAliases();
 }
 
-void StateSelectQuery::ScanAliases(const WalkPlace& place) {
-    CQZSQLTree& node = *place.node;
-    if (DeclaresAlias(KindOf(&node))) DeclareAlias(node);
-    for (std::uint32_t index = 0; index < node.GetChildCount(); ++index)
-        Later(&StateSelectQuery::ScanAliases, {node.GetChild(index)});
+void StateSelectQuery::ScanAliases() {
+    const auto& [names, range] = NamesHere();
+    names.aliases.ForEachFirst(range.firstAlias, range.lastAlias, [this](const NameIndex::Name& alias) {
+        Later(&StateSelectQuery::DeclareAlias, {alias.node});
+    });
 }
 
 // The first declaration of a name wins. The name counts from when its expression has been walked.
-void StateSelectQuery::DeclareAlias(CQZSQLTree& node) {
+void StateSelectQuery::DeclareAlias(const WalkPlace& place) {
+    CQZSQLTree& node = *place.node;
     if (node.GetChildCount() == 0) return;
-    const CString name = GetNodeText(*node.GetChild(node.GetChildCount() - 1));
-    auto alias = std::make_unique<CQZAliasInfo>();
-    CString key = AliasKey(node, name, *alias);
+    const CString name = AliasName(node);
+    const CString key = AliasKey(node, name);
     CQZAliasInfo* earlier = nullptr;
     if (m_pQuery->m_mapAliases.Lookup(key, earlier)) return;
 
     Walk().Count();
+    auto alias = std::make_unique<CQZAliasInfo>();
     auto* expression = new SelectItem;
     alias->Expression = expression;
     alias->SetSrcName(name);
     alias->SetName(name);
-    m_strNewKey = std::move(key);
+    NameOrigin(node, *alias);
+    m_strNewKey = key;
     m_pNewAlias = std::move(alias);
     FillExpression(node, *expression);
-    Later(&StateSelectQuery::EnterAlias, {&node});
+    Later(&StateSelectQuery::EnterAlias, place);
 }
 
 void StateSelectQuery::FillExpression(CQZSQLTree& /*node*/, SelectItem& /*expression*/) {}
@@ -82,9 +127,16 @@ void StateSelectQuery::EnterAlias(const WalkPlace& /*place*/) {
     m_pQuery->m_mapAliases[m_strNewKey] = m_pNewAlias.release();
 }
 
-CString StateSelectQuery::AliasKey(CQZSQLTree& /*node*/, const CString& strName, CQZAliasInfo& /*alias*/) const {
+CString StateSelectQuery::AliasName(CQZSQLTree& node) const {
+    const std::uint32_t count = node.GetChildCount();
+    return count == 0 ? CString() : GetNodeText(*node.GetChild(count - 1));
+}
+
+CString StateSelectQuery::AliasKey(CQZSQLTree& /*node*/, const CString& strName) const {
     return WithoutQuotes(strName).MakeLower();
 }
+
+void StateSelectQuery::NameOrigin(CQZSQLTree& /*node*/, CQZAliasInfo& /*alias*/) const {}
 
 bool StateSelectQuery::IsAlias(const CString& strName, NameOf /*use*/) const {
     CQZAliasInfo* alias = nullptr;
@@ -98,8 +150,7 @@ void StateSelectQuery::ScanMember(const WalkPlace& place) {
         Walk().Count(static_cast<std::size_t>(known->GetCount()));
         return EndScanOfMember(place);
     }
-    for (std::uint32_t index = 0; index < m_pTree->GetChildCount(); ++index)
-        Later(&StateSelectQuery::ScanAliases, {m_pTree->GetChild(index)});
+    ScanAliases();
     Later(&StateSelectQuery::EndScanOfMember, place);
 }
 
@@ -117,17 +168,11 @@ void StateSelectQuery::CollectSources() {
 }
 
 void StateSelectQuery::ScanSources() {
-    bool takeNext = false;
-    ForEachNodeBelow(*m_pTree, [this, &takeNext](CQZSQLTree& node) {
-        const NodeKind kind = KindOf(&node);
-        if (kind == NodeKind::DB_NAME && m_Traits.databaseNames) takeNext = true;
-        if (kind != NodeKind::TABLE_NAME) return Below::All;
-        const CString name = NameAt(node);
-        if (takeNext || !IsAlias(name, NameOf::Table)) {
-            m_pQuery->m_mapSources[name] = name;
-            takeNext = false;
-        }
-        return Below::All;
+    const auto& [names, range] = NamesHere();
+    names.tables.ForEachFirst(range.firstTable, range.lastTable, [this](const NameIndex::Name& table) {
+        if (Walk().IsFull() || (!table.behindDatabase && IsAlias(table.text, NameOf::Table))) return;
+        m_pQuery->m_mapSources[table.text] = table.text;
+        Walk().Count();
     });
 }
 
