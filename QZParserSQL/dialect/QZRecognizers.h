@@ -66,10 +66,13 @@ struct QZReport {
     std::string message;  // UTF-8, one line
 };
 
-/// Where reports go. The function must not throw and must not use the recognizer that reports.
+/// Where reports go. The functions must not throw and must not use the recognizer that reports.
 struct QZReporter {
     void (*report)(void* context, const QZReport& report) = nullptr;
     void* context = nullptr;
+    /// Null, or asked before a report of dropped characters is put together: true for those of which none is wanted.
+    /// They are counted all the same.
+    bool (*ignores)(void* context, std::u16string_view dropped) = nullptr;
 };
 
 /// Sends the reports of a lexer or parser context, of any grammar, to `reporter`, which must outlive it; null sends

@@ -27,8 +27,11 @@ using Recognizer = pANTLR3_BASE_RECOGNIZER;
 // its trie, so that the runtime frees it with the parser.
 class RuleMemo {
  public:
-    RuleMemo(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 exactToken)
-        : rules_(rules), exactToken_(exactToken), repairToken_(parser->rec->recoverFromMismatchedToken) {
+    RuleMemo(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 exactToken, ANTLR3_UINT32 openingToken)
+        : rules_(rules),
+          exactToken_(exactToken),
+          openingToken_(openingToken),
+          repairToken_(parser->rec->recoverFromMismatchedToken) {
         trie_.free = [](pANTLR3_INT_TRIE trie) { delete Of(trie); };
     }
 
@@ -49,6 +52,7 @@ class RuleMemo {
     }
 
     bool IsExact(ANTLR3_UINT32 token) const { return exactToken_ != 0 && token == exactToken_; }
+    bool IsOpening(ANTLR3_UINT32 token) const { return token == openingToken_; }
     void* RepairToken(Recognizer recognizer, ANTLR3_UINT32 token, pANTLR3_BITSET_LIST follow) const {
         return repairToken_(recognizer, token, follow);
     }
@@ -64,6 +68,7 @@ class RuleMemo {
     ANTLR3_INT_TRIE trie_{};
     ANTLR3_UINT32 rules_;
     ANTLR3_UINT32 exactToken_;
+    ANTLR3_UINT32 openingToken_;
     decltype(ANTLR3_BASE_RECOGNIZER::recoverFromMismatchedToken) repairToken_;
     std::vector<std::unique_ptr<ANTLR3_UINT32[]>> rows_;
     ANTLR3_UINT32 forgotten_ = 0;
@@ -156,32 +161,64 @@ void ReportParserError(Recognizer recognizer, pANTLR3_UINT8*) try {
 } catch (...) {  // the report is lost, the parse goes on: nothing may be thrown through generated code
 }
 
-// Reports form a chain in the runtime; all but the last one go at once, so that a text of stray characters costs no
-// memory. Not for parsers, where a rule may still look at an older one.
-void DropOlder(pANTLR3_EXCEPTION exception) {
-    if (exception->nextException == nullptr) return;
-    exception->nextException->freeEx(exception->nextException);
-    exception->nextException = nullptr;
+constexpr ANTLR3_UINT32 kReported = 1;
+
+const char16_t* UnitAt(ANTLR3_MARKER place) { return reinterpret_cast<const char16_t*>(place); }
+const char16_t* BeginOfText(pANTLR3_INPUT_STREAM input) { return static_cast<const char16_t*>(input->data); }
+const char16_t* NextUnit(pANTLR3_INPUT_STREAM input) { return static_cast<const char16_t*>(input->nextChar); }
+const char16_t* EndOfText(pANTLR3_INPUT_STREAM input) { return BeginOfText(input) + input->sizeBuf / sizeof(char16_t); }
+
+// The exception object serves all errors of a lexer, so that a text of stray characters costs no memory.
+void RaiseInLexer(Recognizer recognizer) {
+    auto& state = *recognizer->state;
+    if (state.exception == nullptr) return antlr3RecognitionExceptionNew(recognizer);
+    const auto input = static_cast<pANTLR3_LEXER>(recognizer->super)->input;
+    state.exception->type = ANTLR3_RECOGNITION_EXCEPTION;
+    state.exception->c = input->istream->_LA(input->istream, 1);
+    state.exception->line = input->line;
+    state.exception->charPositionInLine = input->charPositionInLine;
+    state.exception->index = input->istream->index(input->istream);
+    state.error = ANTLR3_TRUE;
 }
 
-constexpr ANTLR3_UINT32 kReported = 1;
+// Two at signs begin one of the system's names or nothing: what a name's rule has read behind the first is given back.
+void GiveBackNoName(pANTLR3_LEXER lexer) {
+    const auto& state = *lexer->rec->state;
+    const auto input = lexer->input;
+    const std::u16string_view read(UnitAt(state.tokenStartCharIndex),
+                                   static_cast<std::size_t>(NextUnit(input) - UnitAt(state.tokenStartCharIndex)));
+    if (read.substr(0, 2) != u"@@") return;
+    input->istream->seek(input->istream, state.tokenStartCharIndex);
+    input->charPositionInLine = state.tokenStartCharPositionInLine;
+}
+
+// What the rule has read and the one character that recovery drops.
+std::u16string_view Dropped(pANTLR3_LEXER lexer) {
+    const auto* begin = UnitAt(lexer->rec->state->tokenStartCharIndex);
+    const auto* next = NextUnit(lexer->input);
+    const auto* end = next < EndOfText(lexer->input) ? next + 1 : next;
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+bool IsIgnored(Recognizer recognizer, std::u16string_view dropped) {
+    const auto* reporter = static_cast<const QZReporter*>(recognizer->state->userp);
+    return reporter != nullptr && reporter->ignores != nullptr && reporter->ignores(reporter->context, dropped);
+}
 
 void ReportLexerError(Recognizer recognizer, pANTLR3_UINT8*) try {
     auto& state = *recognizer->state;
     state.user3 = kReported;
     const auto lexer = static_cast<pANTLR3_LEXER>(recognizer->super);
-    const auto* begin = reinterpret_cast<const char16_t*>(state.tokenStartCharIndex);
-    const auto* next = static_cast<const char16_t*>(lexer->input->nextChar);
-    const auto* text = static_cast<const char16_t*>(lexer->input->data);
-    const auto* end = text + lexer->input->sizeBuf / sizeof(char16_t);
+    GiveBackNoName(lexer);
+    const auto dropped = Dropped(lexer);
+    if (IsIgnored(recognizer, dropped)) return;
     const QZPosition position{static_cast<std::uint32_t>(state.tokenStartLine),
                               static_cast<std::uint32_t>(state.tokenStartCharPositionInLine) + 1,
-                              static_cast<std::size_t>(begin - text)};
-    const auto dropped = static_cast<std::size_t>((next < end ? next + 1 : end) - begin);
-    const auto* why = dropped > 1 && next == end ? "is not closed" : "makes no token";
-    Send(recognizer, {QZPhase::Lexer, QZReportKind::DroppedCharacter, position,
-                      fmt::format("{} {} and is left out", Quoted({begin, dropped}), why)});
-    DropOlder(recognizer->state->exception);
+                              static_cast<std::size_t>(dropped.data() - BeginOfText(lexer->input))};
+    const bool isOpen = dropped.size() > 1 && NextUnit(lexer->input) == EndOfText(lexer->input);
+    Send(recognizer,
+         {QZPhase::Lexer, QZReportKind::DroppedCharacter, position,
+          fmt::format("{} {} and is left out", Quoted(dropped), isOpen ? "is not closed" : "makes no token")});
 } catch (...) {  // the report is lost, the parse goes on: nothing may be thrown through generated code
 }
 
@@ -200,9 +237,18 @@ void DropOneCharacter(pANTLR3_LEXER lexer) {
     lexer->input->istream->consume(lexer->input->istream);
 }
 
+// The parenthesis before this one is read; the repair leaves this one out where `type` follows it.
+bool IsSecondOpening(Recognizer recognizer, ANTLR3_UINT32 type) {
+    const auto& memo = RuleMemo::Of(recognizer);
+    const auto tokens = ParserOf(recognizer)->tstream;
+    const auto* before = tokens->_LT(tokens, -1);
+    return before != nullptr && memo.IsOpening(before->type) && memo.IsOpening(tokens->_LT(tokens, 1)->type) &&
+           tokens->_LT(tokens, 2)->type == type;
+}
+
 void* RepairToken(Recognizer recognizer, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
     const auto& memo = RuleMemo::Of(recognizer);
-    if (!memo.IsExact(type)) return memo.RepairToken(recognizer, type, follow);
+    if (!memo.IsExact(type) || IsSecondOpening(recognizer, type)) return memo.RepairToken(recognizer, type, follow);
     antlr3MTExceptionNew(recognizer);
     recognizer->state->exception->expecting = type;
     recognizer->state->error = ANTLR3_TRUE;
@@ -248,14 +294,16 @@ pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pAN
     if (lexer == nullptr) return nullptr;
     lexer->recover = DropOneCharacter;
     lexer->getLine = PlaceEndOfText;
+    lexer->rec->exConstruct = RaiseInLexer;
     lexer->rec->displayRecognitionError = ReportLexerError;
     lexer->rec->state->userp = nullptr;
     lexer->rec->state->tokSource->eofToken.input = input;
     return lexer;
 }
 
-pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 exactToken) {
-    auto* memo = new (std::nothrow) RuleMemo(parser, rules, exactToken);
+pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 exactToken,
+                               ANTLR3_UINT32 openingToken) {
+    auto* memo = new (std::nothrow) RuleMemo(parser, rules, exactToken, openingToken);
     if (memo == nullptr) return nullptr;
     parser->rec->alreadyParsedRule = HaveParsedRule;
     parser->rec->memoize = Memoize;

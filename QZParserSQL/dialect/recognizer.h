@@ -12,13 +12,17 @@
 extern "C" {
 #endif
 
-/* A lexer that reports safely and, after an error, drops exactly one character more than its rule has consumed. */
+/* A lexer that reports safely and, after an error, drops exactly one character more than its rule has consumed; where
+ * two at signs begin no name, the first sign alone.
+ */
 pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pANTLR3_RECOGNIZER_SHARED_STATE state);
 
 /* The table of rule results of a parser with `rules` rules: successes and failures by rule and token. `exactToken` is
- * matched without putting in or leaving out a token; 0 for none. Also installs the parser's reporting.
+ * matched without putting in or leaving out a token, but for a second `openingToken` directly before it, which is left
+ * out; 0 for none. Also installs the parser's reporting.
  */
-pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 exactToken);
+pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 exactToken,
+                               ANTLR3_UINT32 openingToken);
 
 /* True near the end of the stack: the rule must not go deeper. Fails the guess, or raises the exception. */
 ANTLR3_BOOLEAN qzNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer);
@@ -35,18 +39,20 @@ pANTLR3_BASE_TREE qzWholeTree(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_BASE_TR
 #ifndef __cplusplus
 #define ANTLR3_TREE_ADAPTORNew(strings) qzTreeAdaptorNew(strings)
 #define antlr3LexerNewStream(hint, input, state) qzLexerNew(hint, input, state)
-#define antlr3IntTrieNew(depth) qzRuleMemoNew(ctx->pParser, QZ_RULE_COUNT, QZ_EXACT_TOKEN)
+#define antlr3IntTrieNew(depth) qzRuleMemoNew(ctx->pParser, QZ_RULE_COUNT, QZ_EXACT_TOKEN, QZ_OPENING_TOKEN)
 #define QZ_GUARD_NESTING(handler)            \
     if (qzNestedTooDeep(RECOGNIZER)) {       \
         if (BACKTRACKING > 0) return retval; \
         goto handler;                        \
     }
 
-/* The word that a query begins with. */
+/* The word that a query begins with, and the parenthesis that may stand before it. */
 #ifdef SELECT_KEYWORD
 #define QZ_EXACT_TOKEN SELECT_KEYWORD
+#define QZ_OPENING_TOKEN LEFT_PAREN
 #else
 #define QZ_EXACT_TOKEN 0
+#define QZ_OPENING_TOKEN 0
 #endif
 #endif
 

@@ -195,6 +195,18 @@ TEST(Reports, GoToTheErrorSinkByDefaultAndAgainForANullReporter) {
     EXPECT_TRUE(reports.empty());
 }
 
+TEST(Reports, AreNotMadeOfDroppedCharactersThatAReporterIgnores) {
+    const ByHand hand(u"SELECT a;?;?");
+    std::vector<QZReport> reports;
+    const QZReporter reporter{Keep, &reports, [](void*, std::u16string_view dropped) { return dropped == u";"; }};
+    QZSetLexerReporter(hand.lexer, &reporter);
+    hand.Run();
+    ASSERT_EQ(reports.size(), 2U);
+    EXPECT_EQ(reports[0].position.offset, 9U);
+    EXPECT_EQ(reports[1].position.offset, 11U);
+    EXPECT_EQ(QZLexerErrorCount(hand.lexer), 4U);
+}
+
 TEST(Reports, TellTheEndOfTheTextByItsPlace) {
     const struct {
         std::u16string_view text;
