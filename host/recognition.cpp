@@ -19,6 +19,11 @@ std::uint32_t SizeOf(std::u16string_view text) {
     return static_cast<std::uint32_t>(text.size());
 }
 
+// White space begins no token, so that it is dropped alone.
+bool IsWhiteSpace(void*, std::u16string_view dropped) {
+    return dropped.size() == 1 && kWhiteSpace.find(dropped[0]) != std::u16string_view::npos;
+}
+
 template <class Pointer>
 Pointer NotNull(Pointer pointer) {
     if (!pointer) throw std::bad_alloc();
@@ -35,7 +40,7 @@ Recognition::Recognizers::~Recognizers() {
 }
 
 Recognition::Recognition(const QZGrammar& grammar, std::u16string_view text)
-    : text_(text), reporter_{Receive, this}, recognizers_(grammar) {
+    : text_(text), reporter_{Receive, this, IsWhiteSpace}, recognizers_(grammar) {
     recognizers_.input = NotNull(antlr3NewUCS2StringInPlaceStream(text.data(), SizeOf(text), nullptr));
     recognizers_.lexer = NotNull(QZNewLexer(grammar, recognizers_.input));
     QZSetLexerReporter(recognizers_.lexer, &reporter_);
@@ -69,19 +74,12 @@ void Recognition::Receive(void* self, const QZReport& report) {
 }
 
 void Recognition::Add(const QZReport& report) {
-    if (IsDroppedWhiteSpace(report)) return;
     if (report.kind == QZReportKind::DroppedCharacter && ++dropped_ > kMostDropped) {
         if (dropped_ > kMostDropped + 1) return;
         reports_.push_back({report.phase, report.kind, report.position, "more characters are left out from here on"});
         return;
     }
     reports_.push_back(report);
-}
-
-// White space begins no token, so that what starts with it is one character.
-bool Recognition::IsDroppedWhiteSpace(const QZReport& report) const {
-    return report.kind == QZReportKind::DroppedCharacter && report.position.offset < text_.size() &&
-           kWhiteSpace.find(text_[report.position.offset]) != std::u16string_view::npos;
 }
 
 void Recognition::RethrowFailure() const {

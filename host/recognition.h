@@ -48,7 +48,6 @@ class Recognition {
 
     static void Receive(void* self, const QZReport& report);
     void Add(const QZReport& report);
-    bool IsDroppedWhiteSpace(const QZReport& report) const;
     void RethrowFailure() const;
 
     std::u16string_view text_;
