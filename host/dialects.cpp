@@ -11,6 +11,7 @@ namespace {
 
 constexpr Dialect kDialects[] = {
     {"access", QZGrammarMSAccessSQL_v3},
+    {"oracle", QZGrammarOracle},
 };
 
 }  // namespace

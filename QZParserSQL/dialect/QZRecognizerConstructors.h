@@ -15,6 +15,8 @@ struct ANTLR3_COMMON_TOKEN_STREAM_struct;
 struct ANTLR3_RECOGNIZER_SHARED_STATE_struct;
 struct MSAccessSQL_v3Lexer_Ctx_struct;
 struct MSAccessSQL_v3Parser_Ctx_struct;
+struct OracleLexer_Ctx_struct;
+struct OracleParser_Ctx_struct;
 
 #ifdef __cplusplus
 extern "C" {
@@ -27,6 +29,13 @@ QZ_API struct MSAccessSQL_v3Parser_Ctx_struct* MSAccessSQL_v3ParserNew(
     struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens);
 QZ_API struct MSAccessSQL_v3Parser_Ctx_struct* MSAccessSQL_v3ParserNewSSD(
     struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens, struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
+
+QZ_API struct OracleLexer_Ctx_struct* OracleLexerNew(struct ANTLR3_INPUT_STREAM_struct* input);
+QZ_API struct OracleLexer_Ctx_struct* OracleLexerNewSSD(struct ANTLR3_INPUT_STREAM_struct* input,
+                                                        struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
+QZ_API struct OracleParser_Ctx_struct* OracleParserNew(struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens);
+QZ_API struct OracleParser_Ctx_struct* OracleParserNewSSD(struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens,
+                                                          struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
 
 #ifdef __cplusplus
 }

@@ -30,6 +30,7 @@ using QZNode = ANTLR3_BASE_TREE_struct;
 struct QZGrammar;
 
 QZ_API const QZGrammar& QZGrammarMSAccessSQL_v3();
+QZ_API const QZGrammar& QZGrammarOracle();
 
 /// The grammar's name, "MSAccessSQL_v3".
 QZ_API const char* QZGrammarName(const QZGrammar& grammar);
