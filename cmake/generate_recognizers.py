@@ -38,10 +38,17 @@ def guard_rules(text: str) -> str:
     return guarded
 
 
+# One more item of a list: the rule next_expression, if there is one, is only ever called as next_expression*.
+def repeated_rule(text: str) -> int:
+    numbers = set(re.findall(r"MEMOIZE\((\d+), next_expression_StartIndex\)", text))
+    return int(numbers.pop()) if numbers else 0
+
+
 def fit_parser(path: Path, name: str) -> str:
     text = path.read_text()
     rules = 1 + max(int(n) for n in re.findall(r"HAVEPARSEDRULE\((\d+)\)", text))
-    text = include_support(text, f"{name}Parser.h", f"#define QZ_RULE_COUNT {rules}\n")
+    defines = f"#define QZ_RULE_COUNT {rules}\n#define QZ_REPEATED_RULE {repeated_rule(text)}\n"
+    text = include_support(text, f"{name}Parser.h", defines)
     path.write_text(guard_rules(text))
     entry = re.search(r"^    ctx->(\w+)\t= \1;$", text, re.M)
     return entry.group(1)

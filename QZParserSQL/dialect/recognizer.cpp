@@ -27,8 +27,10 @@ using Recognizer = pANTLR3_BASE_RECOGNIZER;
 // its trie, so that the runtime frees it with the parser.
 class RuleMemo {
  public:
-    RuleMemo(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 exactToken, ANTLR3_UINT32 openingToken)
+    RuleMemo(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 repeatedRule, ANTLR3_UINT32 exactToken,
+             ANTLR3_UINT32 openingToken)
         : rules_(rules),
+          repeatedRule_(repeatedRule),
           exactToken_(exactToken),
           openingToken_(openingToken),
           repairToken_(parser->rec->recoverFromMismatchedToken) {
@@ -51,6 +53,18 @@ class RuleMemo {
         return forgotten_ = 0;
     }
 
+    // Where the repeated rule fits, it is tried again right behind: every part of such a run is given the end of all of
+    // it, so that a list which is read from each of its items costs no more than one that is read once.
+    void ExtendToEndOfRun(ANTLR3_MARKER token, ANTLR3_MARKER rule) {
+        if (rule != repeatedRule_) return;
+        ANTLR3_UINT32 end = At(token, rule);
+        for (ANTLR3_UINT32 next = At(end - kSuccess, rule); next >= kSuccess; next = At(end - kSuccess, rule))
+            end = next;
+        for (ANTLR3_MARKER place = token; At(place, rule) != end;) {
+            place = std::exchange(At(place, rule), end) - kSuccess;
+        }
+    }
+
     bool IsExact(ANTLR3_UINT32 token) const { return exactToken_ != 0 && token == exactToken_; }
     bool IsOpening(ANTLR3_UINT32 token) const { return token == openingToken_; }
     void* RepairToken(Recognizer recognizer, ANTLR3_UINT32 token, pANTLR3_BITSET_LIST follow) const {
@@ -67,6 +81,7 @@ class RuleMemo {
  private:
     ANTLR3_INT_TRIE trie_{};
     ANTLR3_UINT32 rules_;
+    ANTLR3_UINT32 repeatedRule_;
     ANTLR3_UINT32 exactToken_;
     ANTLR3_UINT32 openingToken_;
     decltype(ANTLR3_BASE_RECOGNIZER::recoverFromMismatchedToken) repairToken_;
@@ -83,7 +98,9 @@ pANTLR3_INT_STREAM TokensOf(Recognizer recognizer) { return ParserOf(recognizer)
 // rule calls itself where it has read nothing, so the mark is never seen before its time.
 ANTLR3_BOOLEAN HaveParsedRule(Recognizer recognizer, ANTLR3_MARKER rule) {
     const auto tokens = TokensOf(recognizer);
-    auto& result = RuleMemo::Of(recognizer).At(tokens->index(tokens), rule);
+    const auto place = tokens->index(tokens);
+    auto& memo = RuleMemo::Of(recognizer);
+    auto& result = memo.At(place, rule);
     if (result == 0) {
         result = RuleMemo::kFailed;
         return ANTLR3_FALSE;
@@ -91,6 +108,7 @@ ANTLR3_BOOLEAN HaveParsedRule(Recognizer recognizer, ANTLR3_MARKER rule) {
     if (result == RuleMemo::kFailed) {
         recognizer->state->failed = ANTLR3_TRUE;
     } else {
+        memo.ExtendToEndOfRun(place, rule);
         tokens->seek(tokens, result - RuleMemo::kSuccess);
     }
     return ANTLR3_TRUE;
@@ -301,9 +319,9 @@ pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pAN
     return lexer;
 }
 
-pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 exactToken,
-                               ANTLR3_UINT32 openingToken) {
-    auto* memo = new (std::nothrow) RuleMemo(parser, rules, exactToken, openingToken);
+pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 repeatedRule,
+                               ANTLR3_UINT32 exactToken, ANTLR3_UINT32 openingToken) {
+    auto* memo = new (std::nothrow) RuleMemo(parser, rules, repeatedRule, exactToken, openingToken);
     if (memo == nullptr) return nullptr;
     parser->rec->alreadyParsedRule = HaveParsedRule;
     parser->rec->memoize = Memoize;

@@ -17,12 +17,13 @@ extern "C" {
  */
 pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pANTLR3_RECOGNIZER_SHARED_STATE state);
 
-/* The table of rule results of a parser with `rules` rules: successes and failures by rule and token. `exactToken` is
+/* The table of rule results of a parser with `rules` rules: successes and failures by rule and token. `repeatedRule` is
+ * only ever called to be repeated, and read from one part of a list is read to its end; 0 for none. `exactToken` is
  * matched without putting in or leaving out a token, but for a second `openingToken` directly before it, which is left
  * out; 0 for none. Also installs the parser's reporting.
  */
-pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 exactToken,
-                               ANTLR3_UINT32 openingToken);
+pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 repeatedRule,
+                               ANTLR3_UINT32 exactToken, ANTLR3_UINT32 openingToken);
 
 /* True near the end of the stack: the rule must not go deeper. Fails the guess, or raises the exception. */
 ANTLR3_BOOLEAN qzNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer);
@@ -39,7 +40,8 @@ pANTLR3_BASE_TREE qzWholeTree(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_BASE_TR
 #ifndef __cplusplus
 #define ANTLR3_TREE_ADAPTORNew(strings) qzTreeAdaptorNew(strings)
 #define antlr3LexerNewStream(hint, input, state) qzLexerNew(hint, input, state)
-#define antlr3IntTrieNew(depth) qzRuleMemoNew(ctx->pParser, QZ_RULE_COUNT, QZ_EXACT_TOKEN, QZ_OPENING_TOKEN)
+#define antlr3IntTrieNew(depth) \
+    qzRuleMemoNew(ctx->pParser, QZ_RULE_COUNT, QZ_REPEATED_RULE, QZ_EXACT_TOKEN, QZ_OPENING_TOKEN)
 #define QZ_GUARD_NESTING(handler)            \
     if (qzNestedTooDeep(RECOGNIZER)) {       \
         if (BACKTRACKING > 0) return retval; \
