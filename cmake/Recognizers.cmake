@@ -8,7 +8,7 @@ function(qz_recognizers grammar_file)
     get_filename_component(folder ${grammar_file} DIRECTORY)
     set(script ${PROJECT_SOURCE_DIR}/cmake/generate_recognizers.py)
     set(out ${PROJECT_BINARY_DIR}/generated/${name})
-    set(tokens_header ${PROJECT_BINARY_DIR}/include/QZParserSQL/${folder}/${name}Tokens.h)
+    cmake_path(SET tokens_header NORMALIZE ${PROJECT_BINARY_DIR}/include/QZParserSQL/${folder}/${name}Tokens.h)
     set(sources ${out}/${name}Lexer.c ${out}/${name}Parser.c ${out}/${name}Grammar.c)
     add_custom_command(
         OUTPUT ${sources} ${tokens_header}

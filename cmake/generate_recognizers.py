@@ -72,7 +72,7 @@ def display_names(names: dict[str, int], literals: dict[int, str]) -> list[str]:
     for number in range(max(by_number) + 1):
         name = by_number.get(number, "")
         stands_for_itself = name.startswith(("WORD_", "SIGN_"))
-        shown.append(literals[number] if stands_for_itself else name)
+        shown.append(literals[number].replace("\\'", "'") if stands_for_itself else name)
     return shown
 
 

@@ -11,6 +11,8 @@ namespace {
 
 constexpr Dialect kDialects[] = {
     {"access", QZGrammarMSAccessSQL_v3},
+    {"mssql", QZGrammarMSSQL},
+    {"mssql-from", QZGrammarMSSQLfrom},
     {"oracle", QZGrammarOracle},
 };
 

@@ -17,6 +17,10 @@ struct MSAccessSQL_v3Lexer_Ctx_struct;
 struct MSAccessSQL_v3Parser_Ctx_struct;
 struct OracleLexer_Ctx_struct;
 struct OracleParser_Ctx_struct;
+struct MSSQLLexer_Ctx_struct;
+struct MSSQLParser_Ctx_struct;
+struct MSSQLfromLexer_Ctx_struct;
+struct MSSQLfromParser_Ctx_struct;
 
 #ifdef __cplusplus
 extern "C" {
@@ -36,6 +40,20 @@ QZ_API struct OracleLexer_Ctx_struct* OracleLexerNewSSD(struct ANTLR3_INPUT_STRE
 QZ_API struct OracleParser_Ctx_struct* OracleParserNew(struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens);
 QZ_API struct OracleParser_Ctx_struct* OracleParserNewSSD(struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens,
                                                           struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
+
+QZ_API struct MSSQLLexer_Ctx_struct* MSSQLLexerNew(struct ANTLR3_INPUT_STREAM_struct* input);
+QZ_API struct MSSQLLexer_Ctx_struct* MSSQLLexerNewSSD(struct ANTLR3_INPUT_STREAM_struct* input,
+                                                      struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
+QZ_API struct MSSQLParser_Ctx_struct* MSSQLParserNew(struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens);
+QZ_API struct MSSQLParser_Ctx_struct* MSSQLParserNewSSD(struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens,
+                                                        struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
+
+QZ_API struct MSSQLfromLexer_Ctx_struct* MSSQLfromLexerNew(struct ANTLR3_INPUT_STREAM_struct* input);
+QZ_API struct MSSQLfromLexer_Ctx_struct* MSSQLfromLexerNewSSD(struct ANTLR3_INPUT_STREAM_struct* input,
+                                                              struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
+QZ_API struct MSSQLfromParser_Ctx_struct* MSSQLfromParserNew(struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens);
+QZ_API struct MSSQLfromParser_Ctx_struct* MSSQLfromParserNewSSD(struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens,
+                                                                struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
 
 #ifdef __cplusplus
 }

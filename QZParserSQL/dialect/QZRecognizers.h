@@ -30,6 +30,8 @@ using QZNode = ANTLR3_BASE_TREE_struct;
 struct QZGrammar;
 
 QZ_API const QZGrammar& QZGrammarMSAccessSQL_v3();
+QZ_API const QZGrammar& QZGrammarMSSQL();
+QZ_API const QZGrammar& QZGrammarMSSQLfrom();
 QZ_API const QZGrammar& QZGrammarOracle();
 
 /// The grammar's name, "MSAccessSQL_v3".

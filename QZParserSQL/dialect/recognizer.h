@@ -20,7 +20,7 @@ pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pAN
 /* The table of rule results of a parser with `rules` rules: successes and failures by rule and token. `repeatedRule` is
  * only ever called to be repeated, and read from one part of a list is read to its end; 0 for none. `exactToken` is
  * matched without putting in or leaving out a token, but for a second `openingToken` directly before it, which is left
- * out; 0 for none. Also installs the parser's reporting.
+ * out. Also installs the parser's reporting.
  */
 pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 repeatedRule,
                                ANTLR3_UINT32 exactToken, ANTLR3_UINT32 openingToken);
@@ -48,13 +48,15 @@ pANTLR3_BASE_TREE qzWholeTree(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_BASE_TR
         goto handler;                        \
     }
 
-/* The word that a query begins with, and the parenthesis that may stand before it. */
+/* The word that tells what a text is, and the parenthesis that may stand before it: SELECT of a query, JOIN of a list
+ * of sources.
+ */
 #ifdef SELECT_KEYWORD
 #define QZ_EXACT_TOKEN SELECT_KEYWORD
 #define QZ_OPENING_TOKEN LEFT_PAREN
 #else
-#define QZ_EXACT_TOKEN 0
-#define QZ_OPENING_TOKEN 0
+#define QZ_EXACT_TOKEN JOIN_KEYWORD_
+#define QZ_OPENING_TOKEN ANTLR3_TOKEN_INVALID
 #endif
 #endif
 

@@ -1,0 +1,33 @@
+// The parser of MS SQL queries.
+#pragma once
+
+#include <memory>
+
+#include "QZParserSQL/front/CQZSQLParser.h"
+#include "QZParserSQL/front/CQZSQLTree.h"
+#include "QZParserSQL/platform/Export.h"
+
+class CQZMSSQLParserImp;
+
+/// Parses one query: SetSQL, ParseSQL, GetSQLTree, walk and delete the view, destroy the parser. Nothing is thrown:
+/// what the grammar cannot take trails at the root of the tree or stands there as an error node, and errors are told on
+/// the standard error stream, each dropped blank being one of them. One thread at a time; different parsers run in
+/// parallel.
+class QZ_API CQZMSSQLParser : public CQZSQLParser {
+ public:
+    CQZMSSQLParser();
+    ~CQZMSSQLParser() override;
+
+    void ParseSQL() override;
+    /// The text is read in place: it must stay alive and unchanged for as long as the tree is used.
+    virtual void SetSQL(CString& strSQL);
+    /// Writes a new view of the last tree to *ppTree; the caller deletes it before the parser. Two calls give two
+    /// views.
+    virtual void GetSQLTree(CQZSQLTree** ppTree);
+    /// The same for the tree of a FROM list by itself. No parse makes one, so the view has no node: no children, and
+    /// one blank as its text.
+    virtual void GetSQLFromTree(CQZSQLTree** ppTree);
+
+ private:
+    std::unique_ptr<CQZMSSQLParserImp> m_pImp;
+};
