@@ -14,6 +14,7 @@ constexpr Dialect kDialects[] = {
     {"mssql", QZGrammarMSSQL},
     {"mssql-from", QZGrammarMSSQLfrom},
     {"oracle", QZGrammarOracle},
+    {"mysql", QZGrammarMySQLSelect},
 };
 
 }  // namespace

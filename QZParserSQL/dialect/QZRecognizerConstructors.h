@@ -21,6 +21,8 @@ struct MSSQLLexer_Ctx_struct;
 struct MSSQLParser_Ctx_struct;
 struct MSSQLfromLexer_Ctx_struct;
 struct MSSQLfromParser_Ctx_struct;
+struct MySQLSelectLexer_Ctx_struct;
+struct MySQLSelectParser_Ctx_struct;
 
 #ifdef __cplusplus
 extern "C" {
@@ -54,6 +56,12 @@ QZ_API struct MSSQLfromLexer_Ctx_struct* MSSQLfromLexerNewSSD(struct ANTLR3_INPU
 QZ_API struct MSSQLfromParser_Ctx_struct* MSSQLfromParserNew(struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens);
 QZ_API struct MSSQLfromParser_Ctx_struct* MSSQLfromParserNewSSD(struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens,
                                                                 struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
+QZ_API struct MySQLSelectLexer_Ctx_struct* MySQLSelectLexerNew(struct ANTLR3_INPUT_STREAM_struct* input);
+QZ_API struct MySQLSelectLexer_Ctx_struct* MySQLSelectLexerNewSSD(struct ANTLR3_INPUT_STREAM_struct* input,
+                                                                  struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
+QZ_API struct MySQLSelectParser_Ctx_struct* MySQLSelectParserNew(struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens);
+QZ_API struct MySQLSelectParser_Ctx_struct* MySQLSelectParserNewSSD(
+    struct ANTLR3_COMMON_TOKEN_STREAM_struct* tokens, struct ANTLR3_RECOGNIZER_SHARED_STATE_struct* state);
 
 #ifdef __cplusplus
 }

@@ -33,6 +33,7 @@ QZ_API const QZGrammar& QZGrammarMSAccessSQL_v3();
 QZ_API const QZGrammar& QZGrammarMSSQL();
 QZ_API const QZGrammar& QZGrammarMSSQLfrom();
 QZ_API const QZGrammar& QZGrammarOracle();
+QZ_API const QZGrammar& QZGrammarMySQLSelect();
 
 /// The grammar's name, "MSAccessSQL_v3".
 QZ_API const char* QZGrammarName(const QZGrammar& grammar);

@@ -1,0 +1,29 @@
+// The parser of MySQL queries.
+#pragma once
+
+#include <memory>
+
+#include "QZParserSQL/front/CQZSQLParser.h"
+#include "QZParserSQL/front/CQZSQLTree.h"
+#include "QZParserSQL/platform/Export.h"
+
+class CQZMySQLParcerImp;
+
+/// Parses one query: SetSQL, ParseSQL, GetSQLTree, walk and delete the view, destroy the parser. Nothing is thrown:
+/// what the grammar cannot take trails at the root of the tree or stands there as an error node, and errors are told on
+/// the standard error stream. One thread at a time; different parsers run in parallel.
+class QZ_API CQZMySQLParcer : public CQZSQLParser {
+ public:
+    CQZMySQLParcer();
+    ~CQZMySQLParcer() override;
+
+    void ParseSQL() override;
+    /// The text is read in place: it must stay alive and unchanged for as long as the tree is used.
+    virtual void SetSQL(CString& strSQL);
+    /// Writes a new view of the last tree to *ppTree; the caller deletes it before the parser. Two calls give two
+    /// views.
+    virtual void GetSQLTree(CQZSQLTree** ppTree);
+
+ private:
+    std::unique_ptr<CQZMySQLParcerImp> m_pImp;
+};
