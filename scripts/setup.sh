@@ -2,7 +2,7 @@
 # Does nothing where all are there.
 
 build_packages="g++ cmake ninja-build pkg-config python3-minimal antlr3 libantlr3c-dev libicu-dev libfmt-dev libcli11-dev
-    libgraphviz-dev"
+    libgraphviz-dev libsqlite3-dev"
 test_packages="libgtest-dev nlohmann-json3-dev python3"
 lint_packages="clang-format clang-tidy"
 valgrind_packages="valgrind"
