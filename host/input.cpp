@@ -69,6 +69,14 @@ std::u16string DecodeText(std::string_view bytes) {
     return DecodeUtf8(bytes);
 }
 
+std::u16string ReadText(const std::string& name) {
+    try {
+        return DecodeText(File(name).ReadAll());
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(fmt::format("{}: {}", name, error.what()));
+    }
+}
+
 ExitCode ForEachInput(const InputNames& names, const std::function<ExitCode(const Input&)>& use) {
     ExitCode worst = kDone;
     std::size_t number = 0;

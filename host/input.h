@@ -28,6 +28,9 @@ struct InputNames {
 /// which it is neither, and what to do.
 std::u16string DecodeText(std::string_view bytes);
 
+/// The text of a file, or of standard input for "-". Throws std::runtime_error that names it.
+std::u16string ReadText(const std::string& name);
+
 /// Hands the inputs over one after the other; one that can't be read is told on standard error and left out. Returns
 /// the highest exit code.
 ExitCode ForEachInput(const InputNames& names, const std::function<ExitCode(const Input&)>& use);

@@ -10,6 +10,7 @@
 
 #include "host/batch.h"
 #include "host/big_stack.h"
+#include "host/catalog_cli.h"
 #include "host/commands.h"
 #include "host/dialects.h"
 #include "host/output.h"
@@ -149,6 +150,7 @@ int Main(int argc, char** argv) {
     Showing check(app, "check", "tells whether queries are understood to their end",
                   Footer(kCheckHelp, "qzsql check -d access -f json query.sql"));
     const Batch batch(app);
+    const qzsql::CatalogCommandLine catalog(app);
 
     try {
         app.parse(argc, argv);
@@ -158,6 +160,7 @@ int Main(int argc, char** argv) {
     for (auto* showing : {&tokens, &tree, &check}) {
         if (showing->IsChosen()) return RunDeep([showing] { return showing->Run(); });
     }
+    if (catalog.IsChosen()) return RunDeep([&catalog] { return catalog.Run(); });
     return RunDeep([&batch] { return batch.Run(); });
 }
 
@@ -165,6 +168,7 @@ int Main(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN));  // a write tells who has gone
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));  // and that a file may not grow
     try {
         return Main(argc, argv);
     } catch (const std::exception& error) {

@@ -1,0 +1,124 @@
+#include "host/catalog_check.h"
+
+#include <fmt/format.h>
+
+#include <map>
+
+#include "host/query_rings.h"
+#include "host/query_sources.h"
+#include "host/unicode.h"
+
+namespace qzsql {
+
+namespace {
+
+constexpr int kLastError = 100;  // greater codes are notes
+
+class Check {
+ public:
+    explicit Check(CatalogDatabase& database) : database_(database), queries_(database.Queries()) {}
+
+    CatalogFindings Run() {
+        CheckTables();
+        for (auto* query : queries_) TakeSources(*query);
+        const auto rings = FindRings(FollowSources());
+        for (const auto& ring : rings.rings) TellRing(ring);
+        for (std::size_t i = 0; i < queries_.size(); ++i) {
+            if (rings.leadsToRing[i]) {
+                Note(*queries_[i], "not checked, since it reads queries in a ring");
+            } else {
+                CheckQuery(*queries_[i]);
+            }
+        }
+        return std::move(findings_);
+    }
+
+ private:
+    static std::string NameOf(const CQZObjectInfo& object) { return ToUtf8(object.GetSrcName()); }
+    void Fault(const CQZObjectInfo& object, std::string_view what) {
+        findings_.faults.push_back(fmt::format("{}: {}", NameOf(object), what));
+    }
+    void Note(const CQZObjectInfo& object, std::string_view what) {
+        findings_.notes.push_back(fmt::format("{}: {}", NameOf(object), what));
+    }
+
+    void CheckTables() {
+        database_.CheckReferences();
+        for (auto* table : database_.Tables()) {
+            const auto before = findings_.faults.size();
+            for (auto* index : table->m_listIndexes) CheckKey(*table, "index", static_cast<CatalogIndex&>(*index));
+            for (auto* key : table->m_listForeignKeys) {
+                CheckKey(*table, "foreign key", static_cast<CatalogForeignKey&>(*key));
+            }
+            const int code = table->CheckChildren(0);
+            if (code != 0 && findings_.faults.size() == before) {
+                Fault(*table, fmt::format("the check of the table gives {}", code));
+            }
+        }
+    }
+
+    template <class Key>
+    void CheckKey(const CatalogTable& table, std::string_view what, Key& key) {
+        if (key.GetCorrect() != 0) Fault(table, fmt::format("{} {}: {}", what, NameOf(key), ToUtf8(key.Fault())));
+    }
+
+    void TakeSources(CatalogQuery& query) {
+        const auto sources = ReadSources(query);
+        if (!sources)
+            return Note(query, fmt::format("{} queries are not read, so it is not checked", query.DialectName()));
+        if (!sources->isUnderstood) {
+            Note(query, fmt::format("not understood to its end, see: qzsql check -d {}", query.DialectName()));
+        }
+        for (const auto& name : sources->names) query.m_mapSources.SetAt(name, name);
+        query.ResolveSourceGUIDs();
+    }
+
+    /// A table wins over a query of the same name.
+    Readings FollowSources() const {
+        std::map<const CatalogQuery*, std::size_t> numbers;
+        for (std::size_t i = 0; i < queries_.size(); ++i) numbers.emplace(queries_[i], i);
+        Readings readings(queries_.size());
+        for (std::size_t i = 0; i < queries_.size(); ++i) {
+            for (const auto& source : queries_[i]->m_mapSources) {
+                const auto* read = database_.FindTable(source.key) ? nullptr : database_.FindQuery(source.key);
+                if (read != nullptr) readings[i].push_back(numbers.at(read));
+            }
+        }
+        return readings;
+    }
+
+    void TellRing(const std::vector<std::size_t>& ring) {
+        std::string path;
+        for (const auto query : ring) path += NameOf(*queries_[query]) + " -> ";
+        const auto& first = *queries_[ring.front()];
+        Fault(first, fmt::format("reads itself in a ring of queries: {}{}", path, NameOf(first)));
+    }
+
+    void CheckQuery(CatalogQuery& query) {
+        const int code = query.GetCorrect();
+        if (code > kLastError) Note(query, fmt::format("the check gives {}", code));
+        if (code <= 0 || code > kLastError) return;
+        const auto before = findings_.faults.size();
+        for (const auto& source : query.m_mapSources) ExplainSource(query, source.key);
+        if (findings_.faults.size() == before) Fault(query, "something that it reads is not right");
+    }
+
+    void ExplainSource(const CatalogQuery& query, const CString& name) {
+        const CQZSourceInfo* source = query.FindSourceByName(name);
+        if (source == nullptr) {
+            Fault(query, fmt::format("reads {}, which is no table or query of the catalog", ToUtf8(name)));
+        } else if (source->GetSelected() == 0) {
+            Fault(query, fmt::format("reads {}, which is not selected", ToUtf8(name)));
+        }
+    }
+
+    CatalogDatabase& database_;
+    std::vector<CatalogQuery*> queries_;
+    CatalogFindings findings_;
+};
+
+}  // namespace
+
+CatalogFindings CheckCatalog(CatalogDatabase& database) { return Check(database).Run(); }
+
+}  // namespace qzsql
