@@ -5,8 +5,8 @@
 #include <type_traits>
 
 #include "Concrete.h"
-#include "MemoryStore.h"
 #include "Slots.h"
+#include "tests/support/MemoryStore.h"
 
 namespace {
 

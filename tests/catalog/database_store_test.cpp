@@ -5,8 +5,8 @@
 
 #include "Concrete.h"
 #include "DatabaseOptions.h"
-#include "MemoryStore.h"
 #include "TableOptions.h"
+#include "tests/support/MemoryStore.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include <type_traits>
 
 #include "Concrete.h"
-#include "MemoryStore.h"
 #include "QZParserSQL/catalog/QZOwned.h"
 #include "Slots.h"
+#include "tests/support/MemoryStore.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <type_traits>
 
-#include "MemoryStore.h"
 #include "QZParserSQL/catalog/QZObjectFactory.h"
 #include "Slots.h"
+#include "tests/support/MemoryStore.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "Concrete.h"
-#include "MemoryStore.h"
 #include "TableOptions.h"
+#include "tests/support/MemoryStore.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <type_traits>
 
 #include "Concrete.h"
-#include "MemoryStore.h"
 #include "Slots.h"
 #include "TableOptions.h"
+#include "tests/support/MemoryStore.h"
 
 namespace {
 

@@ -1,12 +1,11 @@
 // What an object's section holds, and in which order it is written and read.
 #include <gtest/gtest.h>
 
-#include "tests/model/RecordingStore.h"
 #include "tests/model/Samples.h"
+#include "tests/support/MemoryStore.h"
 
 namespace {
 
-using sample::Log;
 using sample::Object;
 
 class Mapped : public Object {
@@ -29,66 +28,66 @@ TEST(CQZObjectInfoStore, IsWrittenInOrder) {
     Mapped object;
     Fill(object);
     object.SetLowerCase(-2);
-    RecordingStore store;
+    MemoryStore store;
     object.Save(&store);
-    EXPECT_EQ(store.calls, Log({"open Options 1",
-                                "int Selected = 0",
-                                "int LowerCase = -2",
-                                "close",
-                                "open Common 1",
-                                "text Name = \"OrderDetails\" 0",
-                                "text Type = \"Long\" 0",
-                                "text TypeMapped = \"Int\" 0",
-                                "text TypeMappedString = \"Int(11)\" 0",
-                                "text SrcName = \"Order Details\" 0",
-                                "int Length = 1",
-                                "int LengthMapped = 2",
-                                "int Scale = 3",
-                                "int ScaleMapped = 4",
-                                "int DataType = 5",
-                                "int State = 6",
-                                "int Correct = 7",
-                                "int DbTypeSrcLast = 8",
-                                "int DbTypeSrcCur = 16",
-                                "int AutoIncrMapped = 10",
-                                "int UnsignedMapped = 11",
-                                "int IndexOff = 12",
-                                "close"}));
+    EXPECT_EQ(store.log, Log({"open Options 1",
+                              "Selected=0",
+                              "LowerCase=-2",
+                              "close",
+                              "open Common 1",
+                              "Name='OrderDetails'",
+                              "Type='Long'",
+                              "TypeMapped='Int'",
+                              "TypeMappedString='Int(11)'",
+                              "SrcName='Order Details'",
+                              "Length=1",
+                              "LengthMapped=2",
+                              "Scale=3",
+                              "ScaleMapped=4",
+                              "DataType=5",
+                              "State=6",
+                              "Correct=7",
+                              "DbTypeSrcLast=8",
+                              "DbTypeSrcCur=16",
+                              "AutoIncrMapped=10",
+                              "UnsignedMapped=11",
+                              "IndexOff=12",
+                              "close"}));
     EXPECT_EQ(store.Depth(), 0U);
 }
 
 TEST(CQZObjectInfoStore, IsReadInOrder) {
-    RecordingStore store;
+    MemoryStore store;
     Object object;
     object.SetSrcName(u"Former");
     object.SetLength(1).SetLengthMapped(2).SetScale(3).SetScaleMapped(4);
     object.Load(&store, nullptr);
-    EXPECT_EQ(store.calls, Log({"open Options 0",
-                                "text SrcName \"\" 0",
-                                "int Selected 1",
-                                "int LowerCase 0",
-                                "close",
-                                "open Common 0",
-                                "text Name \"\" 0",
-                                "text Type \"\" 0",
-                                "text TypeMapped \"\" 0",
-                                "text TypeMappedString \"\" 0",
-                                "text SrcName \"\" 0",
-                                "int Length 1",
-                                "int LengthMapped 2",
-                                "int Scale 3",
-                                "int ScaleMapped 4",
-                                "int DataType 0",
-                                "int State 0",
-                                "int Correct 0",
-                                "int DbTypeSrcLast 0",
-                                "int DbTypeSrcCur 0",
-                                "int AutoIncrMapped 0",
-                                "int UnsignedMapped 0",
-                                "int IndexOff 0",
-                                "close"}));
+    EXPECT_EQ(store.log, Log({"open Options 0",
+                              "SrcName? ''",
+                              "Selected? 1",
+                              "LowerCase? 0",
+                              "close",
+                              "open Common 0",
+                              "Name? ''",
+                              "Type? ''",
+                              "TypeMapped? ''",
+                              "TypeMappedString? ''",
+                              "SrcName? ''",
+                              "Length? 1",
+                              "LengthMapped? 2",
+                              "Scale? 3",
+                              "ScaleMapped? 4",
+                              "DataType? 0",
+                              "State? 0",
+                              "Correct? 0",
+                              "DbTypeSrcLast? 0",
+                              "DbTypeSrcCur? 0",
+                              "AutoIncrMapped? 0",
+                              "UnsignedMapped? 0",
+                              "IndexOff? 0",
+                              "close"}));
     EXPECT_EQ(store.Depth(), 0U);
-    EXPECT_TRUE(store.Root().subsections.empty());
+    EXPECT_TRUE(store.root.sections.empty());
 }
 
 // Everything that was saved is there again, but for the identity.
@@ -98,7 +97,7 @@ TEST(CQZObjectInfoStore, ComesBackWithAnIdentityOfItsOwn) {
     saved.SetLowerCase(1);
     saved.Resolved = 1;
     saved.Calculated = 1;
-    RecordingStore store;
+    MemoryStore store;
     saved.Save(&store);
 
     Object loaded;
@@ -115,11 +114,11 @@ TEST(CQZObjectInfoStore, ComesBackWithAnIdentityOfItsOwn) {
 
     loaded.SetLowerCase(0);
     saved.SetLowerCase(0);
-    RecordingStore again;
+    MemoryStore again;
     loaded.Save(&again);
-    RecordingStore expected;
+    MemoryStore expected;
     saved.Save(&expected);
-    EXPECT_EQ(again.calls, expected.calls);
+    EXPECT_EQ(again.log, expected.log);
 }
 
 TEST(CQZObjectInfoStore, LoadingLeavesIdentityAndMarks) {
@@ -127,7 +126,7 @@ TEST(CQZObjectInfoStore, LoadingLeavesIdentityAndMarks) {
     object.Resolved = 1;
     object.Calculated = 1;
     const CString guid = object.GetGUID();
-    RecordingStore store;
+    MemoryStore store;
     object.Load(&store, nullptr);
     EXPECT_EQ(object.GetGUID(), guid);
     EXPECT_EQ(object.Resolved, 1);
@@ -139,10 +138,10 @@ TEST(CQZObjectInfoStore, WritesTheStoredNameWhateverTheCaseRule) {
     object.SetName(u"OrderDetails");
     object.SetType(u"Long");
     object.SetLowerCase(3);
-    RecordingStore store;
+    MemoryStore store;
     object.Save(&store);
-    EXPECT_EQ(store.Root()[u"Common"].texts[u"Name"], u"OrderDetails");
-    EXPECT_EQ(store.Root()[u"Common"].texts[u"Type"], u"Long");
+    EXPECT_EQ(store.root["Common"].texts["Name"], u"OrderDetails");
+    EXPECT_EQ(store.root["Common"].texts["Type"], u"Long");
     EXPECT_EQ(object.GetName(), u"order_details");
 }
 
@@ -151,7 +150,7 @@ TEST(CQZObjectInfoStore, MissingKeysReadAsTheirDefaults) {
     Mapped object;
     Fill(object);
     object.SetLowerCase(2);
-    RecordingStore store;
+    MemoryStore store;
     object.Load(&store, nullptr);
     EXPECT_EQ(object.GetSelected(), 1);
     EXPECT_EQ(object.GetLowerCase(), 0);
@@ -176,43 +175,43 @@ TEST(CQZObjectInfoStore, MissingKeysReadAsTheirDefaults) {
 
 TEST(CQZObjectInfoStore, ANewObjectKeepsItsLengthsButNotItsState) {
     Object object;
-    RecordingStore store;
+    MemoryStore store;
     object.Load(&store, nullptr);
     EXPECT_EQ(object.GetLength(), -1);
     EXPECT_EQ(object.GetLengthMapped(), -1);
     EXPECT_EQ(object.GetState(), 0);
 }
 
-CString LoadedSrcName(RecordingStore& store) {
+CString LoadedSrcName(MemoryStore& store) {
     Object object;
     object.Load(&store, nullptr);
     return object.GetSrcName();
 }
 
 TEST(CQZObjectInfoStore, ReadsTheSourceNameFromWhereOlderLayoutsHaveIt) {
-    RecordingStore store;
-    store.Root()[u"Options"].texts[u"SrcName"] = u"older";
+    MemoryStore store;
+    store.root["Options"].texts["SrcName"] = u"older";
     EXPECT_EQ(LoadedSrcName(store), u"older");
-    store.Root()[u"Common"].texts[u"SrcName"] = u"newer";
+    store.root["Common"].texts["SrcName"] = u"newer";
     EXPECT_EQ(LoadedSrcName(store), u"newer");
-    store.Root()[u"Common"].texts[u"SrcName"] = u"";
+    store.root["Common"].texts["SrcName"] = u"";
     EXPECT_EQ(LoadedSrcName(store), u"");
 }
 
 TEST(CQZObjectInfoStore, KeepsSixteenBitsOfTheCaseRule) {
-    RecordingStore store;
-    store.Root()[u"Options"].ints[u"LowerCase"] = 0x10002;
+    MemoryStore store;
+    store.root["Options"].numbers["LowerCase"] = 0x10002;
     Object object;
     object.Load(&store, nullptr);
     EXPECT_EQ(object.GetLowerCase(), 2);
-    store.Root()[u"Options"].ints[u"LowerCase"] = 0xFFFF;
+    store.root["Options"].numbers["LowerCase"] = 0xFFFF;
     object.Load(&store, nullptr);
     EXPECT_EQ(object.GetLowerCase(), -1);
 }
 
 TEST(CQZObjectInfoStore, ReadsTypesAsTheyStand) {
-    RecordingStore store;
-    store.Root()[u"Common"].texts[u"Type"] = u" long ";
+    MemoryStore store;
+    store.root["Common"].texts["Type"] = u" long ";
     Object object;
     object.Load(&store, nullptr);
     EXPECT_EQ(object.GetType(), u" long ");
@@ -225,13 +224,13 @@ TEST(CQZQueryInfoStore, HoldsIdentityAndOptionsOnly) {
     query.SetSQL(u"SELECT a FROM t");
     query.m_listSelect.AddTail(sample::Item(u"a"));
     query.SetCorrect(3);
-    RecordingStore store;
+    MemoryStore store;
     query.Save(&store);
-    RecordingStore sameStore;
+    MemoryStore sameStore;
     query.SaveQuery(&sameStore, 0);
-    EXPECT_EQ(store.calls, sameStore.calls);
-    EXPECT_EQ(store.calls.size(), 23U);
-    EXPECT_EQ(store.Root()[u"Common"].ints[u"Correct"], 3);
+    EXPECT_EQ(store.log, sameStore.log);
+    EXPECT_EQ(store.log.size(), 23U);
+    EXPECT_EQ(store.root["Common"].numbers["Correct"], 3);
 
     CQZQueryInfo loaded;
     loaded.Load(&store, nullptr);
@@ -248,9 +247,9 @@ class Override final : public CQZQueryInfo {
 
 TEST(CQZQueryInfoStore, OperationsOfQueriesDoNotReachOverridesOfTheInherited) {
     Override query;
-    RecordingStore store;
+    MemoryStore store;
     query.SaveQuery(&store, 0);
-    EXPECT_EQ(store.calls.size(), 23U);
+    EXPECT_EQ(store.log.size(), 23U);
     Object other;
     other.SetName(u"other");
     query.CopyQuery(&other);
