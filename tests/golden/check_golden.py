@@ -10,7 +10,8 @@ from pathlib import Path
 
 TESTS = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(TESTS / 'oracle'))
-import access_oracle  # pylint: disable=wrong-import-position
+from access_oracle import DIALECT  # pylint: disable=wrong-import-position
+from engine import with_deep_stack  # pylint: disable=wrong-import-position
 
 
 def read(path):
@@ -56,7 +57,7 @@ def cases():
 def main():
     compared = skipped = different = 0
     for name, sql, outline in cases():
-        expected = access_oracle.parse(sql)
+        expected = DIALECT.parse(sql)
         if expected is None:
             skipped += 1
             continue
@@ -69,4 +70,4 @@ def main():
 
 
 if __name__ == '__main__':
-    sys.exit(access_oracle.with_deep_stack(main))
+    sys.exit(with_deep_stack(main))

@@ -1,23 +1,15 @@
 #!/usr/bin/env python3
 """A plain second reading of the Access dialect, to check the generated recognizers against.
 
-`lex` makes the tokens of a text, `parse` the sexpr of its tree: ordered choice over memoized rules, one row of RULES
-a rule. It does not model error recovery: where the recognizers would report a parser error the tree is None, except
-for a text that does not begin with SELECT.
+A text that does not begin with SELECT has a tree, though a parser error is reported.
 
 As a program: newline-delimited {"id", "sql"} in, {"id", "tree", "tokens"} out.
 """
 
-import json
 import re
-import sys
-import threading
 
-EOF = 'EOF'
-
-
-def words(text):
-    return text.split()
+from engine import (ADD, CAPITALS, Dialect, Node, Row, Token, before, choice, drop, imaginary_root, keep, list_of, many,
+                    not_before, nothing, opt, quoted, root, seq, strict_many, strict_opt, with_deep_stack, words)
 
 
 # ---------------------------------------------------------------------------------------------------- vocabulary
@@ -80,8 +72,7 @@ def keyword_text(token):
 
 
 KEYWORDS = {keyword_text(token): token for token in KEYWORD_TOKENS}
-LITERALS = {word: "'" + word + "'" for word in LITERAL_WORDS}
-CAPITALS = {ord('a') + i: ord('A') + i for i in range(26)}
+LITERALS = dict(zip(LITERAL_WORDS, quoted(LITERAL_WORDS)))
 
 WORD = re.compile('[A-Z_a-z\x80-\ufffe][A-Z_a-z0-9\x80-\ufffe]*')
 DIGITS = re.compile('[0-9]+')
@@ -89,48 +80,6 @@ SPACE_UNIT = re.compile('\r\n|[ \t\n\r]')
 
 
 # --------------------------------------------------------------------------------------------------------- lexer
-
-class Token:
-    __slots__ = ('type', 'text', 'hidden')
-
-    def __init__(self, type_, text, hidden=False):
-        self.type = type_
-        self.text = text
-        self.hidden = hidden
-
-    def label(self):
-        return EOF if self.type == EOF else '%s:"%s"' % (self.type, escape(from_units(self.text)))
-
-
-def to_units(text):
-    """The text with every UTF-16 code unit as one character, surrogates apart."""
-    if all(ch < '\U00010000' for ch in text):
-        return text
-    raw = text.encode('utf-16-le', 'surrogatepass')
-    return ''.join(chr(raw[i] | raw[i + 1] << 8) for i in range(0, len(raw), 2))
-
-
-def from_units(text):
-    return text.encode('utf-16-le', 'surrogatepass').decode('utf-16-le', 'surrogatepass')
-
-
-def escape(text):
-    for char, shown in (('\\', '\\\\'), ('"', '\\"'), ('\n', '\\n'), ('\r', '\\r'), ('\t', '\\t')):
-        text = text.replace(char, shown)
-    return text
-
-
-def lex(text):
-    """All tokens of the text, hidden ones included, EOF last."""
-    units = to_units(text)
-    tokens = []
-    at = 0
-    while at < len(units):
-        token, at = next_token(units, at)
-        if token:
-            tokens.append(token)
-    return tokens + [Token(EOF, '')]
-
 
 def next_token(units, at):
     """The token at a position, or None for lost characters, and the position behind."""
@@ -181,182 +130,10 @@ def enclosed_token(units, at):
     return Token(name, units[at:end + 1]), end + 1
 
 
-def token_lines(tokens):
-    return [token.label() + (' @hidden' if token.hidden else '') for token in tokens if token.type != EOF]
-
-
-# ------------------------------------------------------------------------------------------------- forms of rules
-#
-# A form is a function of parser and position. It returns None, or the position behind what it took and its steps:
-# nodes to add (False, node), and nodes that become the root over all that stood before (True, node).
-
-ADD, ROOT = False, True
-
-
-class Node:
-    __slots__ = ('label', 'children')
-
-    def __init__(self, label, children=()):
-        self.label = label
-        self.children = list(children)
-
-
-class Row:
-    """An alternative with a guess of its own: once the guess has succeeded, the form must."""
-
-    def __init__(self, guess, form):
-        self.guess = to_form(guess)
-        self.form = to_form(form)
-
-
-def to_form(form):
-    """A lower-case text is a rule, any other text a token to keep."""
-    if not isinstance(form, str):
-        return form
-    if form[0].islower():
-        return lambda parser, at: parser.rule(form, at)
-    return token_form((form,), lambda token: [(ADD, Node(token.label()))])
-
-
-def token_form(types, steps):
-    types = frozenset(types)
-
-    def run(parser, at):
-        if parser.types[at] not in types:
-            return None
-        return at + 1, steps(parser.tokens[at])
-    return run
-
-
-def keep(*types):
-    return token_form(types, lambda token: [(ADD, Node(token.label()))])
-
-
-def drop(*types):
-    return token_form(types, lambda token: [])
-
-
-def root(*types):
-    return token_form(types, lambda token: [(ROOT, Node(token.label()))])
-
-
-def imaginary_root(label, form):
-    form = to_form(form)
-
-    def run(parser, at):
-        found = form(parser, at)
-        return found and (found[0], [(ROOT, Node(label))])
-    return run
-
-
-def nothing(parser, at):
-    return at, []
-
-
-def seq(*forms):
-    forms = [to_form(form) for form in forms]
-
-    def run(parser, at):
-        steps = []
-        for form in forms:
-            found = form(parser, at)
-            if found is None:
-                return None
-            at = found[0]
-            steps += found[1]
-        return at, steps
-    return run
-
-
-def choice(*alternatives):
-    """The first alternative that parses, or whose own guess does."""
-    alternatives = [a if isinstance(a, Row) else to_form(a) for a in alternatives]
-
-    def run(parser, at):
-        for alternative in alternatives:
-            if isinstance(alternative, Row):
-                if alternative.guess(parser, at) is not None:
-                    return alternative.form(parser, at)
-            elif (found := alternative(parser, at)) is not None:
-                return found
-        return None
-    return run
-
-
-def opt(form):
-    return choice(form, nothing)
-
-
-def many(form):
-    form = choice(form)
-
-    def run(parser, at):
-        steps = []
-        while (found := form(parser, at)) is not None:
-            at = found[0]
-            steps += found[1]
-        return at, steps
-    return run
-
-
-def before(types, form, otherwise=None):
-    """`form` where the first token is one of the types, else `otherwise`, which without a value fails."""
-    types = frozenset(types)
-    form = to_form(form)
-
-    def run(parser, at):
-        if parser.types[at] in types:
-            return form(parser, at)
-        return otherwise and otherwise(parser, at)
-    return run
-
-
-def not_before(types, form):
-    form = to_form(form)
-    return lambda parser, at: None if parser.types[at] in types else form(parser, at)
-
-
-def strict_opt(types, form):
-    """An optional part at the end of a guess: its first token alone decides that it must follow."""
-    return before(types, form, nothing)
-
-
-def strict_many(types, form):
-    form = to_form(form)
-
-    def run(parser, at):
-        while parser.types[at] in types:
-            found = form(parser, at)
-            if found is None:
-                return None
-            at = found[0]
-        return at, []
-    return run
-
-
-def list_of(form):
-    return seq(form, many(seq(drop('COMMA'), form)))
-
-
-def fold(steps):
-    """The nodes that a rule's steps make."""
-    nodes = []
-    rooted = False
-    for kind, node in steps:
-        if kind == ROOT:
-            node.children = nodes
-            nodes = [node]
-            rooted = True
-        elif rooted:
-            nodes[0].children.append(node)
-        else:
-            nodes.append(node)
-    return nodes
-
 
 # --------------------------------------------------------------------------------------------------- sets of tokens
 
-DATE_PART = ["'" + word + "'" for word in words("count d day dd dw m mi mm month n week wk ww year yy yyyy")]
+DATE_PART = quoted(words("count d day dd dw m mi mm month n week wk ww year yy yyyy"))
 
 DATETIME_FUNCTION = words("""
     DATE DATEADD DATEDIFF DATEPART DATESERIAL DATEVALUE DATE_DOLLAR DAY DDB GETDATE GETUTCDATE HOUR ISDATE MINUTE
@@ -397,10 +174,10 @@ LOGICAL_OPERATOR = words("AND_KEYWORD AND_KEYWORD2 OR_KEYWORD OR_KEYWORD2")
 
 COMPARISON = words("EQ GE GOJ GT IN_KEYWORD IS_KEYWORD LE LIKE_KEYWORD LOJ L_T NOT_EQ NOT_KEYWORD")
 
-TABLE_HINT = ["'" + word + "'" for word in words("""
+TABLE_HINT = quoted(words("""
     FASTFIRSTROW HOLDLOCK NOLOCK PAGLOCK READCOMMITTED READPAST READUNCOMMITTED REPEATABLEREAD ROWLOCK SERIALIZABLE
     TABLOCK TABLOCKX UPDLOCK XLOCK
-""")]
+"""))
 
 SIGN = ('PLUS', 'MINUS')
 PARAMETER_WORDS = ("'@'", "'IDENTIFYCOL'", "'ROWGUIDCOL'")
@@ -717,83 +494,16 @@ NODES = {
 }
 
 
-# ----------------------------------------------------------------------------------------------------------- parser
+# ------------------------------------------------------------------------------------------------------------ entry
 
-class Parser:
-    """The tokens that the rules see, and what every rule gave at every position, failures included."""
-
-    def __init__(self, tokens):
-        self.tokens = [token for token in tokens if not token.hidden]
-        self.types = [token.type for token in self.tokens]
-        self.memo = {}
-
-    def rule(self, name, at):
-        key = name, at
-        if key not in self.memo:
-            self.memo[key] = self.run(name, at)
-        return self.memo[key]
-
-    def run(self, name, at):
-        if name in NODES:
-            label, inner = NODES[name]
-            found = self.rule(inner, at)
-            return found and (found[0], [(ADD, Node(label, (node for _, node in found[1])))])
-        found = RULES[name](self, at)
-        return found and (found[0], [(ADD, node) for node in fold(found[1])])
-
-    def sql_root(self):
-        """The nil root, or None for a text with a parser error."""
-        if self.types[0] != 'SELECT_KEYWORD':
-            found = 0, [(ADD, Node('SELECT_QUERY', [Node('ERROR')]))]
-        else:
-            found = self.rule('all_sql_query', 0)
-        if found is None:
-            return None
-        trailing = [Node(token.label()) for token in self.tokens[found[0]:]]
-        return Node('nil', [node for _, node in found[1]] + trailing)
+def sql_root(parser):
+    if parser.types[0] != 'SELECT_KEYWORD':
+        return 0, [(ADD, Node('SELECT_QUERY', [Node('ERROR')]))]
+    return parser.rule('all_sql_query', 0)
 
 
-def sexpr(node):
-    parts = []
-    pending = [node]
-    while pending:
-        item = pending.pop()
-        if isinstance(item, str):
-            parts.append(item)
-        elif item.children:
-            parts.append('(' + item.label)
-            pending.append(')')
-            for child in reversed(item.children):
-                pending += [child, ' ']
-        else:
-            parts.append(item.label)
-    return ''.join(parts)
-
-
-def parse(text):
-    """The sexpr of the text's tree, or None."""
-    tree = Parser(lex(text)).sql_root()
-    return tree and sexpr(tree)
-
-
-def with_deep_stack(work):
-    """Runs `work` where recursion may follow the nesting of a text."""
-    sys.setrecursionlimit(10 ** 7)
-    threading.stack_size(512 * 1024 * 1024)
-    result = []
-    thread = threading.Thread(target=lambda: result.append(work()))
-    thread.start()
-    thread.join()
-    return result[0]
-
-
-def main():
-    for line in sys.stdin:
-        if line.strip():
-            record = json.loads(line)
-            answer = {'id': record['id'], 'tree': parse(record['sql']), 'tokens': token_lines(lex(record['sql']))}
-            print(json.dumps(answer), flush=True)
+DIALECT = Dialect(next_token, RULES, NODES, sql_root)
 
 
 if __name__ == '__main__':
-    with_deep_stack(main)
+    with_deep_stack(DIALECT.serve)

@@ -1,13 +1,6 @@
-#!/usr/bin/env python3
-"""Random Access query texts, good and broken: `texts(count, seed)` or, as a program, JSON lines of {"id", "sql"}.
+"""Random Access query texts, made along the dialect's clauses."""
 
-A text is made along the dialect's clauses and then, in about half the cases, damaged in one to three places.
-"""
-
-import argparse
-import json
-import random
-
+import random_texts
 from access_oracle import (CONFIGURATION_FUNCTION, DATA_TYPE, DATETIME_FUNCTION, KEYWORDS, LITERAL_WORDS,
                            NUMBER_FUNCTION, OPERATORS, OTHER_FUNCTION, STRING_FUNCTION, keyword_text)
 
@@ -32,21 +25,10 @@ VOCABULARY = (list(KEYWORDS) + LITERAL_WORDS + [text for text, _ in OPERATORS] *
                'AND', 'OR', '@', 'IDENTIFYCOL', 'JOIN', 'ON', 'BETWEEN', 'IN', 'UNION', '\t', '\r\n'])
 
 
-class Writer:
-    """One text. `depth` bounds the nesting of expressions, conditions, sources and subqueries."""
+class Writer(random_texts.Writer):
+    """`depth` bounds the nesting of expressions, conditions, sources and subqueries."""
 
-    def __init__(self, rng):
-        self.rng = rng
-
-    def pick(self, *makers):
-        return self.rng.choice(makers)()
-
-    def chance(self, share, maker):
-        return maker() if self.rng.random() < share else ''
-
-    def some(self, maker, separator, most=3):
-        count = min(self.rng.randint(1, most), self.rng.randint(1, most))
-        return separator.join(maker() for _ in range(count))
+    VOCABULARY = VOCABULARY
 
     def name(self):
         return self.rng.choice(NAMES if self.rng.random() < .4 else NAMES[:8])
@@ -192,78 +174,14 @@ class Writer:
         ]
         return ' '.join(part for part in parts if part)
 
-
-def damage(rng, tokens):
-    """The tokens with one of them dropped, doubled, swapped, replaced or a new one put before it."""
-    at = rng.randrange(len(tokens))
-    kind = rng.randrange(6)
-    if kind == 0:
-        return tokens[:at] + tokens[at + 1:] or tokens
-    if kind == 1:
-        return tokens[:at] + [tokens[at]] + tokens[at:]
-    if kind == 2:
-        return tokens[:at] + tokens[at:at + 2][::-1] + tokens[at + 2:]
-    if kind == 3:
-        return tokens[:at] + [rng.choice(VOCABULARY)] + tokens[at + 1:]
-    if kind == 4:
-        return tokens[:at + 1] if at > 1 else tokens
-    return tokens[:at] + [rng.choice(VOCABULARY)] + tokens[at:]
-
-
-def change_case(rng, token):
-    return rng.choice([token.lower, token.upper, token.title])() if token.isascii() else token
-
-
-def spaced(rng, tokens):
-    """The tokens as one text; a blank is left out at times where it parts no words."""
-    text = ''
-    for token in tokens:
-        words_meet = text and (text[-1].isalnum() or text[-1] in '_$') and (token[0].isalnum() or token[0] in '_$')
-        text += (' ' if words_meet or rng.random() < .7 else '') + token
-    return text.strip()
-
-
-def whole(writer):
-    """A text of all clauses, or a deep one of a single clause."""
-    depth = writer.rng.choice([1, 2, 2, 3])
-    return writer.pick(
-        lambda: writer.select(depth - 1),
-        lambda: writer.select(depth),
-        lambda: f'SELECT {writer.some(lambda: writer.item(depth), " , ")} FROM t',
-        lambda: f'SELECT {writer.some(lambda: writer.call(depth), " , ")} FROM t',
-        lambda: f'SELECT a FROM {writer.some(lambda: writer.source(depth + 1), " , ", 2)}',
-        lambda: f'SELECT a FROM t WHERE {writer.condition(depth)}',
-        lambda: f'SELECT a FROM t {writer.pick(*(maker for _, maker in writer.clauses(depth)))}')
-
-
-def text(rng):
-    """One text of usually 3 to 40 tokens."""
-    while True:
-        tokens = whole(Writer(rng)).split()
-        if len(tokens) <= 40 or rng.random() < .03:
-            break
-    if rng.random() < .55:
-        for _ in range(rng.choice([1, 1, 1, 2, 3])):
-            tokens = damage(rng, tokens)
-    if rng.random() < .15:
-        tokens = [change_case(rng, token) if rng.random() < .3 else token for token in tokens]
-    return spaced(rng, tokens)
-
-
-def texts(count, seed):
-    rng = random.Random(seed)
-    for _ in range(count):
-        yield text(rng)
-
-
-def main():
-    options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    options.add_argument('--count', type=int, default=100)
-    options.add_argument('--seed', type=int, default=1)
-    chosen = options.parse_args()
-    for number, sql in enumerate(texts(chosen.count, chosen.seed)):
-        print(json.dumps({'id': number, 'sql': sql}))
-
-
-if __name__ == '__main__':
-    main()
+    def whole(self):
+        """A text of all clauses, or a deep one of a single clause."""
+        depth = self.rng.choice([1, 2, 2, 3])
+        return self.pick(
+            lambda: self.select(depth - 1),
+            lambda: self.select(depth),
+            lambda: f'SELECT {self.some(lambda: self.item(depth), " , ")} FROM t',
+            lambda: f'SELECT {self.some(lambda: self.call(depth), " , ")} FROM t',
+            lambda: f'SELECT a FROM {self.some(lambda: self.source(depth + 1), " , ", 2)}',
+            lambda: f'SELECT a FROM t WHERE {self.condition(depth)}',
+            lambda: f'SELECT a FROM t {self.pick(*(maker for _, maker in self.clauses(depth)))}')

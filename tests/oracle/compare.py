@@ -6,12 +6,13 @@ The exit code is 1 on any difference.
 """
 
 import argparse
+import importlib
 import json
 import subprocess
 import sys
 
-import access_oracle
-import access_texts
+from engine import token_lines, with_deep_stack
+from random_texts import texts as random_texts
 
 SHOWN = 10
 
@@ -21,10 +22,14 @@ def read_texts(path):
         return [json.loads(line)['sql'] for line in lines if line.strip()]
 
 
-def run_batch(qzsql, emit, texts):
+def oracle_of(dialect):
+    return importlib.import_module(dialect.replace('-', '_') + '_oracle').DIALECT
+
+
+def run_batch(qzsql, dialect, emit, texts):
     """The records of `qzsql batch`, one for each text."""
     lines = ''.join(json.dumps({'id': number, 'sql': sql}) + '\n' for number, sql in enumerate(texts))
-    run = subprocess.run([qzsql, 'batch', '-d', 'access', '--emit', emit], input=lines, stdout=subprocess.PIPE,
+    run = subprocess.run([qzsql, 'batch', '-d', dialect, '--emit', emit], input=lines, stdout=subprocess.PIPE,
                          encoding='utf-8', check=False)
     records = [json.loads(line) for line in run.stdout.splitlines()]
     if run.returncode not in (0, 1) or [record.get('id') for record in records] != list(range(len(texts))):
@@ -41,13 +46,14 @@ def differences(sql, tree, lines, tree_record, token_record):
         yield ' '.join(lines), ' '.join(token_record.get('tokens') or [json.dumps(token_record)])
 
 
-def compare(qzsql, texts):
+def compare(qzsql, dialect, texts):
     """Prints the first differences and the count line; gives the number of differing texts."""
+    oracle = oracle_of(dialect)
     skipped = different = 0
-    batches = zip(texts, run_batch(qzsql, 'tree', texts), run_batch(qzsql, 'tokens', texts))
+    batches = zip(texts, run_batch(qzsql, dialect, 'tree', texts), run_batch(qzsql, dialect, 'tokens', texts))
     for sql, tree_record, token_record in batches:
-        tree = access_oracle.parse(sql)
-        lines = access_oracle.token_lines(access_oracle.lex(sql))
+        tree = oracle.parse(sql)
+        lines = token_lines(oracle.lex(sql))
         skipped += tree is None
         found = list(differences(sql, tree, lines, tree_record, token_record))
         different += bool(found)
@@ -61,12 +67,14 @@ def compare(qzsql, texts):
 def main():
     options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     options.add_argument('--qzsql', required=True, help='the program')
+    options.add_argument('--dialect', default='access')
     options.add_argument('--count', type=int, default=1000, help='number of random texts')
     options.add_argument('--seed', type=int, default=1)
     options.add_argument('--file', help='texts to compare instead: JSON lines with a member "sql"')
     chosen = options.parse_args()
-    texts = read_texts(chosen.file) if chosen.file else list(access_texts.texts(chosen.count, chosen.seed))
-    return 1 if access_oracle.with_deep_stack(lambda: compare(chosen.qzsql, texts)) else 0
+    dialect = chosen.dialect
+    texts = read_texts(chosen.file) if chosen.file else list(random_texts(dialect, chosen.count, chosen.seed))
+    return 1 if with_deep_stack(lambda: compare(chosen.qzsql, dialect, texts)) else 0
 
 
 if __name__ == '__main__':

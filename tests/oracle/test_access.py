@@ -9,23 +9,15 @@ import unittest
 from pathlib import Path
 
 import access_oracle
-from access_oracle import (CONFIGURATION_FUNCTION, DATA_TYPE, DATE_PART, DATETIME_FUNCTION, KEYWORDS, LITERAL_WORDS,
-                           NUMBER_FUNCTION, OTHER_FUNCTION, STRING_FUNCTION, keyword_text)
-
-
-# Trees are written as nested calls of these; a text in them is a finished piece of the sexpr.
-
-def node(label, *children):
-    return '(%s %s)' % (label, ' '.join(children)) if children else label
+from access_oracle import (CONFIGURATION_FUNCTION, DATA_TYPE, DATE_PART, DATETIME_FUNCTION, DIALECT, KEYWORDS,
+                           LITERAL_WORDS, NUMBER_FUNCTION, OTHER_FUNCTION, STRING_FUNCTION, keyword_text)
+from engine import token_lines, with_deep_stack
+from trees import lit, node
 
 
 def tok(name, text=None):
     """A keyword token with its usual text, or any token with the text given."""
     return '%s:"%s"' % (name, keyword_text(name) if text is None else text)
-
-
-def lit(text):
-    return '\'%s\':"%s"' % (text, text)
 
 
 def ident(text):
@@ -508,7 +500,7 @@ class Trees(unittest.TestCase):
 
     def check(self, sql, expected):
         with self.subTest(sql):
-            self.assertEqual(access_oracle.parse(sql), expected)
+            self.assertEqual(DIALECT.parse(sql), expected)
 
     def test_statements(self):
         for sql, tree in STATEMENTS.items():
@@ -571,7 +563,7 @@ class Trees(unittest.TestCase):
 class Tokens(unittest.TestCase):
     def check(self, text, expected):
         with self.subTest(text):
-            self.assertEqual(access_oracle.token_lines(access_oracle.lex(text)), expected)
+            self.assertEqual(token_lines(DIALECT.lex(text)), expected)
 
     def test_texts(self):
         for text, expected in TOKENS.items():
@@ -597,7 +589,7 @@ class Growth(unittest.TestCase):
     def test_unclosed_nesting_is_not_exponential(self):
         for text in ('SELECT ' + '(' * 500 + 'a FROM t', 'SELECT ' + 'IIF(a=1,2,' * 500 + '3'):
             start = time.monotonic()
-            self.assertIsNone(access_oracle.with_deep_stack(lambda text=text: access_oracle.parse(text)))
+            self.assertIsNone(with_deep_stack(lambda text=text: DIALECT.parse(text)))
             self.assertLess(time.monotonic() - start, 10)
 
 
