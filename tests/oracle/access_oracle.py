@@ -8,8 +8,9 @@ As a program: newline-delimited {"id", "sql"} in, {"id", "tree", "tokens"} out.
 
 import re
 
-from engine import (ADD, CAPITALS, Dialect, Node, Row, Token, before, choice, drop, imaginary_root, keep, list_of, many,
-                    not_before, nothing, opt, quoted, root, seq, strict_many, strict_opt, with_deep_stack, words)
+from engine import (ADD, CAPITALS, Dialect, Node, Row, Token, before, choice, committed_token, drop, imaginary_root,
+                    keep, list_of, many, not_before, nothing, operator_token, opt, quoted, root, seq, strict_many,
+                    strict_opt, with_deep_stack, words)
 
 
 # ---------------------------------------------------------------------------------------------------- vocabulary
@@ -91,32 +92,19 @@ def next_token(units, at):
         return Token('DIGIT', match.group()), match.end()
     if units[at] in ENCLOSED:
         return enclosed_token(units, at)
-    for text, name in OPERATORS:
-        if units.startswith(text, at):
-            return Token(name, text), at + len(text)
-    return None, at + 1
+    return operator_token(OPERATORS, units, at)
 
 
 def word_token(units, at, end):
     word = units[at:end]
     if word in LITERALS_WITH_BLANK and units.startswith(' ', end):
-        return blank_literal(units, at, LITERALS_WITH_BLANK[word])
+        return committed_token(LITERALS_WITH_BLANK[word], units, at)
     if word in LITERALS:
         return Token(LITERALS[word], word), end
     capitals = word.translate(CAPITALS)
     if units.startswith('$', end) and capitals + '$' in KEYWORDS:
         return Token(KEYWORDS[capitals + '$'], word + '$'), end + 1
     return Token(KEYWORDS.get(capitals, 'IDENTIFICATOR'), word), end
-
-
-def blank_literal(units, at, literal):
-    """A mismatch loses what has matched and one character more."""
-    if units.startswith(literal, at):
-        return Token("'" + literal + "'", literal), at + len(literal)
-    matched = 0
-    while units.startswith(literal[:matched + 1], at):
-        matched += 1
-    return None, at + matched + 1
 
 
 def enclosed_token(units, at):

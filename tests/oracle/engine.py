@@ -72,6 +72,24 @@ def lexer_of(next_token):
     return lex
 
 
+def operator_token(operators, units, at):
+    """The token of the first operator that stands there; a character that begins none is lost."""
+    for text, name in operators:
+        if units.startswith(text, at):
+            return Token(name, text), at + len(text)
+    return None, at + 1
+
+
+def committed_token(literal, units, at):
+    """A literal that its beginning has decided: a mismatch loses what has matched and one character more."""
+    if units.startswith(literal, at):
+        return Token("'" + literal + "'", literal), at + len(literal)
+    matched = 0
+    while units.startswith(literal[:matched + 1], at):
+        matched += 1
+    return None, at + matched + 1
+
+
 def token_lines(tokens):
     return [token.label() + (' @hidden' if token.hidden else '') for token in tokens if token.type != EOF]
 
@@ -121,6 +139,14 @@ def token_form(types, steps):
 
 def keep(*types):
     return token_form(types, lambda token: [(ADD, Node(token.label()))])
+
+
+def keep_other_than(excluded):
+    def run(parser, at):
+        if parser.types[at] in (excluded, EOF):
+            return None
+        return at + 1, [(ADD, Node(parser.tokens[at].label()))]
+    return run
 
 
 def drop(*types):
@@ -190,6 +216,10 @@ def many(form):
     return run
 
 
+def some(form):
+    return seq(form, many(form))
+
+
 def before(types, form, otherwise=None):
     """`form` where the first token is one of the types, else `otherwise`, which without a value fails."""
     types = frozenset(types)
@@ -227,6 +257,12 @@ def strict_many(types, form):
 
 def list_of(form):
     return seq(form, many(seq(drop('COMMA'), form)))
+
+
+def enclosed(opening, closing):
+    """A name in quotes: its outer pair goes, the quotes around what is joined on stay."""
+    inner = many(keep_other_than(closing))
+    return seq(drop(opening), inner, drop(closing), many(seq(closing, inner, closing)))
 
 
 def fold(steps):
