@@ -3,12 +3,12 @@
 
 A text that does not begin with SELECT has a tree, though a parser error is reported.
 
-As a program: newline-delimited {"id", "sql"} in, {"id", "tree", "tokens"} out.
+As a program: newline-delimited {"id", "sql"} in, {"id", "tree", "status", "tokens"} out.
 """
 
 import re
 
-from engine import (ADD, CAPITALS, Dialect, Node, Row, Token, before, choice, committed_token, drop, imaginary_root,
+from engine import (CAPITALS, Dialect, Row, Token, before, choice, committed_token, drop, error_entry, imaginary_root,
                     keep, list_of, many, not_before, nothing, operator_token, opt, quoted, root, seq, strict_many,
                     strict_opt, with_deep_stack, words)
 
@@ -486,7 +486,7 @@ NODES = {
 
 def sql_root(parser):
     if parser.types[0] != 'SELECT_KEYWORD':
-        return 0, [(ADD, Node('SELECT_QUERY', [Node('ERROR')]))]
+        return error_entry(parser, 'SELECT_QUERY')
     return parser.rule('all_sql_query', 0)
 
 

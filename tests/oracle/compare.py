@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Compares the trees and tokens of `qzsql batch` with those of the oracle, on random texts or on a file of them.
+"""Compares the trees, checks and tokens of `qzsql batch` with those of the oracle, on random texts or on a file of them.
 
-A text whose tree the oracle does not know (a reported parser error) is skipped as a tree; its tokens are compared.
-The exit code is 1 on any difference.
+A text whose tree the oracle does not know (a reported parser error) is skipped as a tree; its check and tokens are
+compared. The exit code is 1 on any difference.
 """
 
 import argparse
@@ -38,10 +38,12 @@ def run_batch(qzsql, dialect, emit, texts):
     return records
 
 
-def differences(sql, tree, lines, tree_record, token_record):
+def differences(reading, lines, tree_record, check_record, token_record):
     """Pairs of what the oracle and what the program gave, where they differ."""
-    if tree is not None and tree_record.get('tree') != tree:
-        yield tree, tree_record.get('tree', json.dumps(tree_record))
+    if reading.tree is not None and tree_record.get('tree') != reading.tree:
+        yield reading.tree, tree_record.get('tree', json.dumps(tree_record))
+    if check_record.get('status') != reading.status:
+        yield reading.status, json.dumps(check_record)
     if token_record.get('tokens') != lines:
         yield ' '.join(lines), ' '.join(token_record.get('tokens') or [json.dumps(token_record)])
 
@@ -50,12 +52,10 @@ def compare(qzsql, dialect, texts):
     """Prints the first differences and the count line; gives the number of differing texts."""
     oracle = oracle_of(dialect)
     skipped = different = 0
-    batches = zip(texts, run_batch(qzsql, dialect, 'tree', texts), run_batch(qzsql, dialect, 'tokens', texts))
-    for sql, tree_record, token_record in batches:
-        tree = oracle.parse(sql)
-        lines = token_lines(oracle.lex(sql))
-        skipped += tree is None
-        found = list(differences(sql, tree, lines, tree_record, token_record))
+    for sql, *records in zip(texts, *(run_batch(qzsql, dialect, emit, texts) for emit in ('tree', 'check', 'tokens'))):
+        reading = oracle.read(sql)
+        skipped += reading.tree is None
+        found = list(differences(reading, token_lines(oracle.lex(sql)), *records))
         different += bool(found)
         if different <= SHOWN:
             for expected, given in found:

@@ -294,6 +294,7 @@ class Parser:
         self.tokens = [token for token in tokens if not token.hidden]
         self.types = [token.type for token in self.tokens]
         self.memo = {}
+        self.has_reported = False
 
     def rule(self, name, at):
         key = name, at
@@ -310,8 +311,17 @@ class Parser:
         return found and (found[0], [(ADD, node) for node in fold(found[1])])
 
 
+class Reading:
+    """The sexpr of a text's tree, or None where it is not modelled, and what a check of the text says."""
+
+    def __init__(self, tree, status):
+        self.tree = tree
+        self.status = status
+
+
 class Dialect:
-    """`entry` takes a parser and gives what a form gives; the tokens behind trail at the nil root."""
+    """`entry` takes a parser and gives what a form gives; the tokens behind trail at the nil root. An entry that goes on
+    after a parser error notes it in the parser."""
 
     def __init__(self, next_token, rules, nodes, entry):
         self.lex = lexer_of(next_token)
@@ -319,23 +329,33 @@ class Dialect:
         self.nodes = nodes
         self.entry = entry
 
-    def parse(self, text):
-        """The sexpr of the text's tree, or None."""
+    def read(self, text):
         parser = Parser(self.rules, self.nodes, self.lex(text))
         found = self.entry(parser)
         if found is None:
-            return None
+            return Reading(None, 'error')
         trailing = [Node(token.label()) for token in parser.tokens[found[0]:]]
-        return sexpr(Node('nil', [node for _, node in found[1]] + trailing))
+        status = 'error' if parser.has_reported else 'trailing' if len(trailing) > 1 else 'clean'
+        return Reading(sexpr(Node('nil', [node for _, node in found[1]] + trailing)), status)
+
+    def parse(self, text):
+        return self.read(text).tree
 
     def serve(self):
-        """Newline-delimited {"id", "sql"} in, {"id", "tree", "tokens"} out."""
+        """Newline-delimited {"id", "sql"} in, {"id", "tree", "status", "tokens"} out."""
         for line in sys.stdin:
             if line.strip():
                 record = json.loads(line)
-                answer = {'id': record['id'], 'tree': self.parse(record['sql']),
+                reading = self.read(record['sql'])
+                answer = {'id': record['id'], 'tree': reading.tree, 'status': reading.status,
                           'tokens': token_lines(self.lex(record['sql']))}
                 print(json.dumps(answer), flush=True)
+
+
+def error_entry(parser, query_label):
+    """A text that does not begin like a query: the query is an error node, and all tokens trail."""
+    parser.has_reported = True
+    return 0, [(ADD, Node(query_label, [Node('ERROR')]))]
 
 
 def sexpr(node):

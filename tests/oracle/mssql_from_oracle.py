@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """A plain second reading of the grammar of MS SQL source lists, to check the generated recognizers against.
 
-As a program: newline-delimited {"id", "sql"} in, {"id", "tree", "tokens"} out.
+As a program: newline-delimited {"id", "sql"} in, {"id", "tree", "status", "tokens"} out.
 """
 
 import re

@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 """A plain second reading of the MS SQL dialect, to check the generated recognizers against.
 
-As a program: newline-delimited {"id", "sql"} in, {"id", "tree", "tokens"} out.
+As a program: newline-delimited {"id", "sql"} in, {"id", "tree", "status", "tokens"} out.
 """
 
 import re
 
-from engine import (ADD, CAPITALS, Dialect, Node, Row, Token, before, choice, committed_token, drop, enclosed, keep,
+from engine import (CAPITALS, Dialect, Row, Token, before, choice, committed_token, drop, enclosed, error_entry, keep,
                     keep_other_than, list_of, many, nothing, operator_token, opt, quoted, root, seq, with_deep_stack,
                     words)
 
@@ -400,11 +400,12 @@ NODES = {
 # ------------------------------------------------------------------------------------------------------------ entry
 
 def sql_root(parser):
-    """Of two opening parentheses before SELECT the second is lost; any other beginning leaves the whole text behind."""
+    """Of two opening parentheses before SELECT the second is lost, with a report."""
     for begin in (['SELECT_KEYWORD'], ['LEFT_PAREN', 'SELECT_KEYWORD'], ['LEFT_PAREN', 'LEFT_PAREN', 'SELECT_KEYWORD']):
         if parser.types[:len(begin)] == begin:
+            parser.has_reported = len(begin) == 3
             return parser.rule('all_sql_query', max(0, len(begin) - 2))
-    return 0, [(ADD, Node('SELECT_QUERY_', [Node('ERROR')]))]
+    return error_entry(parser, 'SELECT_QUERY_')
 
 
 DIALECT = Dialect(next_token, RULES, NODES, sql_root)

@@ -599,9 +599,9 @@ class Protocol(unittest.TestCase):
         run = subprocess.run([sys.executable, str(Path(access_oracle.__file__))], check=True, text=True,
                              input='\n'.join(map(json.dumps, records)), capture_output=True)
         first, second = map(json.loads, run.stdout.splitlines())
-        self.assertEqual(first, {'id': 7, 'tree': query(items(A)), 'tokens': [
+        self.assertEqual(first, {'id': 7, 'tree': query(items(A)), 'status': 'clean', 'tokens': [
             SELECT, tok('WS', ' ') + ' @hidden', ident('a')]})
-        self.assertEqual((second['id'], second['tree']), ('x', None))
+        self.assertEqual((second['id'], second['tree'], second['status']), ('x', None, 'error'))
 
 
 if __name__ == '__main__':

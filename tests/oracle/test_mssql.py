@@ -491,6 +491,16 @@ class Trees(unittest.TestCase):
                 word('LITERAL_AS', A, node('DATATYPE', tok(name))))))]))
 
 
+class Checks(unittest.TestCase):
+    def test_status(self):
+        for status, texts in {'clean': ['SELECT a', 'SELECT a;', '(SELECT a)'],
+                              'trailing': ['SELECT a b', 'SELECT a FROM t WHERE', 'SELECT a))'],
+                              'error': ['', 'x SELECT a', '((SELECT a))', 'SELECT', 'SELECT TOP']}.items():
+            for sql in texts:
+                with self.subTest(sql):
+                    self.assertEqual(DIALECT.read(sql).status, status)
+
+
 class Tokens(unittest.TestCase):
     def check(self, text, expected):
         with self.subTest(text):
