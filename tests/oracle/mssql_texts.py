@@ -34,6 +34,30 @@ PIECES = ([literal[:cut] for literal in LITERALS_WITH_BLANK.values() for cut in 
           [name[:cut] for name in SYSTEM_VARIABLES for cut in (2, 4, len(name) - 1, len(name))] +
           [chr(code) for code in range(1, 127)] +
           ['\u00e4', '\u20ac', '\ufffe', '\U0001f600', 'SET', 'EXPAND', 'BYNATY', '@@'])
+# One word or sign in every place.
+FRAMES = ['SELECT {}', 'SELECT {} a', 'SELECT a {}', 'SELECT a {} b', 'SELECT {} ( a )', 'SELECT {} ( + )',
+          'SELECT {} . a', 'SELECT a . {}', 'SELECT a . b . {}', 'SELECT {} . f ( a )', 'SELECT a . {} ( b )',
+          'SELECT a AS {}', 'SELECT - {}', 'SELECT a * - {}', 'SELECT + {}', 'SELECT 1 {} 2', 'SELECT ( {} )',
+          'SELECT ( {} ( a ) )', 'SELECT f ( {} )', 'SELECT f ( {} , a )', 'SELECT f ( a {} b )',
+          'SELECT YEAR ( {} )', 'SELECT YEAR ( {} , a )', 'SELECT COUNT ( {} )', 'SELECT COUNT {}',
+          'SELECT COUNT ( {} a )', 'SELECT CAST ( a AS {} )', 'SELECT CONVERT ( {} , a )',
+          'SELECT CONVERT ( int , a , {} )', 'SELECT CAST ( a AS char ( {} ) )', 'SELECT CASE {} WHEN a THEN b END',
+          'SELECT CASE WHEN {} THEN b END', 'SELECT CASE WHEN a = 1 {} 2 END', 'SELECT {{ fn {} ( a ) }}',
+          'SELECT {{ fn UCASE ( {} ) }}', 'SELECT EXISTS {}', 'SELECT [ {} ]', 'SELECT " {} "', "SELECT ' {} '",
+          "SELECT ' {} 1 2 '", "SELECT ' 1 / {} / 3 '", 'SELECT TOP {} a', 'SELECT TOP 5 {} a', '{}', '( {} a',
+          'SELECT a FROM {}', 'SELECT a FROM {} . b', 'SELECT a FROM b . {}', 'SELECT a FROM t {} u',
+          'SELECT a FROM t {}', 'SELECT a FROM t AS {}', 'SELECT a FROM ( SELECT b ) {}', 'SELECT a FROM t , {}',
+          'SELECT a FROM t {} JOIN u', 'SELECT a FROM t INNER {} JOIN u', 'SELECT a FROM t JOIN {}',
+          'SELECT a FROM t JOIN u {} v', 'SELECT a FROM t JOIN u ON {}', 'SELECT a FROM t JOIN u ON a = {}',
+          'SELECT a FROM t JOIN u ON a = b {} c', 'SELECT a FROM t JOIN u WITH ( {} )', 'SELECT a FROM t WHERE {}',
+          'SELECT a FROM t WHERE {} = 1', 'SELECT a FROM t WHERE a {} b', 'SELECT a FROM t WHERE a = {}',
+          'SELECT a FROM t WHERE a = 1 {} b = 2', 'SELECT a FROM t WHERE ( {} a = 1 )',
+          'SELECT a FROM t WHERE a BETWEEN 1 {} 2', 'SELECT a FROM t WHERE a IN ( 1 , {} )',
+          'SELECT a FROM t WHERE a = 1 {}', 'SELECT a GROUP BY {}', 'SELECT a GROUP BY a with {}',
+          'SELECT a ORDER BY a {}', 'SELECT a COMPUTE {} ( a )', 'SELECT a COMPUTE f ( a ) BY {}', 'SELECT a FOR {}',
+          'SELECT a FOR XML {}', 'SELECT a FOR XML RAW . {}', 'SELECT a OPTION {}', 'SELECT a OPTION HASH {}',
+          'SELECT a OPTION {} GROUP', 'SELECT a OPTION {} UNION', 'SELECT a OPTION {} PLAN',
+          'SELECT a UNION {} SELECT b']
 
 
 class Writer(random_texts.Writer):
@@ -250,7 +274,7 @@ class Writer(random_texts.Writer):
         return ' '.join(part for part in parts if part)
 
     def whole(self):
-        """A text of all clauses, a deep one of a single clause, or pieces of words and signs."""
+        """A text of all clauses, a deep one of a single clause, one with any word in some place, or pieces of words."""
         depth = self.rng.choice([1, 2, 2, 3])
         return self.pick(
             lambda: self.rng.choice(['{}', '{}', '( {} )', '( ( {} )', '( ( ( {}', 'x {}']).format(self.select(depth)),
@@ -262,4 +286,5 @@ class Writer(random_texts.Writer):
             lambda: f'SELECT a FROM {self.some(lambda: self.source(depth + 1), " , ", 2)}',
             lambda: f'SELECT a FROM t WHERE {self.condition(depth)}',
             lambda: f'SELECT a FROM t {self.pick(*(maker for _, maker in self.clauses(depth)))}',
+            lambda: self.rng.choice(FRAMES).format(self.rng.choice(self.VOCABULARY)),
             lambda: 'SELECT a ' + self.some(lambda: self.rng.choice(PIECES), ' ', 8))
