@@ -32,6 +32,10 @@ void CQZMSSQLParser::SetSQL(CString& strSQL) {
     if (m_pImp) m_pImp->SetSQL(strSQL);
 }
 
+void CQZMSSQLParser::SetReporter(const QZReporter* pReporter) {
+    if (m_pImp) m_pImp->SetReporter(pReporter);
+}
+
 void CQZMSSQLParser::GetSQLTree(CQZSQLTree** ppTree) {
     *ppTree = nullptr;
     if (m_pImp) m_pImp->GetSQLTree(ppTree);

@@ -7,6 +7,7 @@
 #include "QZParserSQL/front/CQZSQLTree.h"
 #include "QZParserSQL/platform/Export.h"
 
+struct QZReporter;
 class CQZMSSQLParserImp;
 
 /// Parses one query: SetSQL, ParseSQL, GetSQLTree, walk and delete the view, destroy the parser. Nothing is thrown:
@@ -27,6 +28,9 @@ class QZ_API CQZMSSQLParser : public CQZSQLParser {
     /// The same for the tree of a FROM list by itself. No parse makes one, so the view has no node: no children, and
     /// one blank as its text.
     virtual void GetSQLFromTree(CQZSQLTree** ppTree);
+    /// Sends the errors of later parses to a function of the host's, which must outlive them; null sends them to the
+    /// standard error stream again.
+    void SetReporter(const QZReporter* pReporter);
 
  private:
     std::unique_ptr<CQZMSSQLParserImp> m_pImp;

@@ -13,8 +13,8 @@ constexpr Dialect kDialects[] = {
     {"access", QZGrammarMSAccessSQL_v3},
     {"mssql", QZGrammarMSSQL},
     {"mssql-from", QZGrammarMSSQLfrom},
-    {"oracle", QZGrammarOracle},
     {"mysql", QZGrammarMySQLSelect},
+    {"oracle", QZGrammarOracle},
 };
 
 }  // namespace

@@ -25,6 +25,10 @@ void CQZMySQLParcer::SetSQL(CString& strSQL) {
     if (m_pImp) m_pImp->SetSQL(strSQL);
 }
 
+void CQZMySQLParcer::SetReporter(const QZReporter* pReporter) {
+    if (m_pImp) m_pImp->SetReporter(pReporter);
+}
+
 void CQZMySQLParcer::GetSQLTree(CQZSQLTree** ppTree) {
     *ppTree = nullptr;
     if (m_pImp) m_pImp->GetSQLTree(ppTree);

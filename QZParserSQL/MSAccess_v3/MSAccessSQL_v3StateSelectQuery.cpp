@@ -19,12 +19,7 @@ const WalkerTraits& Traits() {
     static const WalkerTraits traits = {
         /*dbType=*/2,
         kinds,
-        /*operators=*/
-        SetOf({K::ALIAS,        K::AMPERSAND,       K::AND,        K::AND_KEYWORD,  K::AND_KEYWORD2, K::AS,
-               K::ASTERISK,     K::BETWEEN_KEYWORD, K::DIVIDE,     K::EQ,           K::GE,           K::GOJ,
-               K::GT,           K::IN_KEYWORD,      K::IS_KEYWORD, K::JOIN_KEYWORD, K::LE,           K::LEFT_PAREN,
-               K::LIKE_KEYWORD, K::LITERAL_AS,      K::LOJ,        K::L_T,          K::MINUS,        K::NOT_EQ,
-               K::NOT_KEYWORD,  K::ON_KEYWORD,      K::OR_KEYWORD, K::OR_KEYWORD2,  K::PLUS,         K::UNION_KEYWORD}),
+        /*operators=*/OperatorsWith({K::AS, K::LEFT_PAREN, K::LITERAL_AS, K::NOT_KEYWORD}),
         /*clauseFunctions=*/SetOf({K::FUNCTION, K::SEARCH_CONDITION, K::USER_FUNCTION}),
         /*backticks=*/true,
         /*databaseNames=*/false,

@@ -25,6 +25,10 @@ void CQZOracleParser::SetSQL(CString& strSQL) {
     if (m_pImp) m_pImp->SetSQL(strSQL);
 }
 
+void CQZOracleParser::SetReporter(const QZReporter* pReporter) {
+    if (m_pImp) m_pImp->SetReporter(pReporter);
+}
+
 void CQZOracleParser::GetSQLTree(CQZSQLTree** ppTree) {
     *ppTree = nullptr;
     if (m_pImp) m_pImp->GetSQLTree(ppTree);

@@ -7,6 +7,7 @@
 #include "QZParserSQL/front/CQZSQLTree.h"
 #include "QZParserSQL/platform/Export.h"
 
+struct QZReporter;
 class CQZOracleParserImp;
 
 /// Parses one query: SetSQL, ParseSQL, GetSQLTree, walk and delete the view, destroy the parser. Nothing is thrown:
@@ -23,6 +24,9 @@ class QZ_API CQZOracleParser : public CQZSQLParser {
     /// Writes a new view of the last tree to *ppTree; the caller deletes it before the parser. Two calls give two
     /// views.
     virtual void GetSQLTree(CQZSQLTree** ppTree);
+    /// Sends the errors of later parses to a function of the host's, which must outlive them; null sends them to the
+    /// standard error stream again.
+    void SetReporter(const QZReporter* pReporter);
 
  private:
     std::unique_ptr<CQZOracleParserImp> m_pImp;

@@ -24,6 +24,37 @@ int NumberIn(std::u16string_view text) {
 
 }  // namespace
 
+NodeKindSet OperatorsWith(std::initializer_list<NodeKind> own) {
+    using K = NodeKind;
+    static const NodeKindSet common = SetOf({K::ALIAS,
+                                             K::AMPERSAND,
+                                             K::AND,
+                                             K::AND_KEYWORD,
+                                             K::AND_KEYWORD2,
+                                             K::ASTERISK,
+                                             K::BETWEEN_KEYWORD,
+                                             K::DIVIDE,
+                                             K::EQ,
+                                             K::GE,
+                                             K::GOJ,
+                                             K::GT,
+                                             K::IN_KEYWORD,
+                                             K::IS_KEYWORD,
+                                             K::JOIN_KEYWORD,
+                                             K::LE,
+                                             K::LIKE_KEYWORD,
+                                             K::LOJ,
+                                             K::L_T,
+                                             K::MINUS,
+                                             K::NOT_EQ,
+                                             K::ON_KEYWORD,
+                                             K::OR_KEYWORD,
+                                             K::OR_KEYWORD2,
+                                             K::PLUS,
+                                             K::UNION_KEYWORD});
+    return common | SetOf(own);
+}
+
 StateSelectQuery::StateSelectQuery(const WalkerTraits& traits, CQZSQLTree* pTree) : m_Traits(traits), m_pTree(pTree) {}
 
 StateSelectQuery::~StateSelectQuery() {

@@ -52,6 +52,9 @@ struct WalkerTraits {
     bool operandsBelowFirstChild;
 };
 
+/// The operators of all dialects and those of one.
+NodeKindSet OperatorsWith(std::initializer_list<NodeKind> own);
+
 /// The state of one SELECT. The steps, in this order: construct with the node, set m_pQuery, and Build; or each of its
 /// parts by hand. A missing child ends a walk quietly. A build never changes the tree. One thread.
 class StateSelectQuery : public CList<StateSelectQuery*, StateSelectQuery*> {
