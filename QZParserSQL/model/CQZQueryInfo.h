@@ -12,6 +12,11 @@
 #include "QZParserSQL/platform/CMap.h"
 
 class CQZDatabaseInfo;
+class SelectItemField;
+
+namespace qz {
+class QueryResolution;
+}  // namespace qz
 
 /// A query's clause lists, the sources it reads, the aliases it declares, its references to fields, its nested queries
 /// and its text. A dialect's walker fills it from a syntax tree. Only identity and options persist: lists and text do
@@ -105,6 +110,34 @@ class QZ_API CQZQueryInfo : public CQZSourceInfo {
     CQZSourceFildInfo* FindFieldInSources(const CString& strTable, const CString& strField);
     /// The first field with this source name in the sources that exist, or null.
     CQZSourceFildInfo* FindFieldInAnySource(const CString& strField);
+    /// 1 when FindFieldInSources finds the field without a table's name, else 0.
+    int IsFieldOfSources(const CString& strField);
+
+    /// Gives all fields in the query's clauses their names in the target: in the SELECT list, FROM, ORDER BY, WHERE,
+    /// GROUP BY, HAVING and the items of unions, in this order. Queries that items hold are not gone through. A field
+    /// that cannot be tied to a source sets Correct to 1 and keeps empty names. Of queries that read each other, or
+    /// too many layers of them, what lies behind the circle or too deep is not found.
+    void ResolveAllItems();
+    /// Sets Resolved to 0 and resolves each item.
+    void ResolveItems(const CList<SelectItem*>& items);
+    /// Resolves an item, if it is a field, and its children, but for those of fields that are resolved through another
+    /// query, name a table's star or are not found. An alias reference loses its children where a source has a field
+    /// of the alias's name and the item names an alias as its table.
+    void ResolveField(SelectItem& item);
+    /// Whether a target field is among the outputs of an item: the name that matched, or empty. With bByField a
+    /// target's field name counts, also behind a star in the queries among the sources, and the item that has it is
+    /// resolved and goes to `pFound`; otherwise the table name counts. The children of operators, functions and
+    /// subqueries are left out, but for those of "ALIAS", unless bNoDescendGuard is set.
+    CString FindInItem(SelectItem& item, const SelectItemField& target, SelectItemField*& pFound, int bByField,
+                       int bNoDescendGuard);
+    /// The first match in a list of items.
+    CString FindInItemList(const CList<SelectItem*>& items, const SelectItemField& target, SelectItemField*& pFound,
+                           int bByField, int bNoDescendGuard);
+    /// 1 when FROM names the field's table and that source has the field, as a field or an alias.
+    int IsFieldInDeclaredSource(const SelectItemField& field);
+    /// Resolves a field that IsFieldInDeclaredSource denies by the SELECT list of `pSource`, if that is a query, or of
+    /// a query among the sources. Returns whether it did.
+    int ResolveThroughSubQuery(SelectItemField& field, CQZSourceInfo* pSource);
 
     std::uint16_t m_nQuerySerial = 0;
     /// Output names; the key is the alias in lower case.
@@ -141,6 +174,7 @@ class QZ_API CQZQueryInfo : public CQZSourceInfo {
 
  private:
     friend class qz::Copier;
+    friend class qz::QueryResolution;
     CQZQueryInfo(const CQZQueryInfo& other, qz::Bare);
 
     void ResolveOwnSourceGUIDs();
@@ -148,6 +182,7 @@ class QZ_API CQZQueryInfo : public CQZSourceInfo {
     void CheckSubQueries(int& nCode);
     bool IsMissing(const CFieldObject& record);
 
+    CQZAliasInfo* FindAliasBySrcName(const CString& strSrcName) const;
     CQZAliasInfo* TakeAlias(const CQZQueryInfo& declaring, const CString& strSrcName);
     CQZSourceFildInfo* FindInEachSource(const CString& strField);
     CQZSourceFildInfo* FindInEntry(CQZSourceInfo& source, const CString& strField);

@@ -58,13 +58,6 @@ class Search {
 
 thread_local Search* Search::t_pCurrent = nullptr;
 
-CQZAliasInfo* AliasBySrcName(const CQZQueryInfo& query, const CString& srcName) {
-    for (const auto& [key, alias] : query.m_mapAliases) {
-        if (alias->GetSrcName().CompareNoCase(srcName) == 0) return alias;
-    }
-    return nullptr;
-}
-
 }  // namespace
 
 CQZSourceFildInfo* CQZQueryInfo::FindFieldByGUID(CString /*strGUID*/) { return nullptr; }
@@ -90,9 +83,16 @@ CQZSourceFildInfo* CQZQueryInfo::FindInOwnRecords(const CString& strField) {
     return nullptr;
 }
 
+CQZAliasInfo* CQZQueryInfo::FindAliasBySrcName(const CString& strSrcName) const {
+    for (const auto& [key, alias] : m_mapAliases) {
+        if (alias->GetSrcName().CompareNoCase(strSrcName) == 0) return alias;
+    }
+    return nullptr;
+}
+
 // An alias that answers a look-up marks the query that asked.
 CQZAliasInfo* CQZQueryInfo::TakeAlias(const CQZQueryInfo& declaring, const CString& strSrcName) {
-    CQZAliasInfo* alias = AliasBySrcName(declaring, strSrcName);
+    CQZAliasInfo* alias = declaring.FindAliasBySrcName(strSrcName);
     if (alias != nullptr) Search::MarkResolved(*this);
     return alias;
 }
@@ -132,7 +132,7 @@ CQZSourceFildInfo* CQZQueryInfo::FindInNamedSource(const CString& strTable, cons
     auto* query = dynamic_cast<CQZQueryInfo*>(source);
     if (query == nullptr || query->Resolved == 0) return source->FindFieldBySrcName(strField);
     if (CQZSourceFildInfo* field = FindInRecordsOf(*query, strField)) return field;
-    const CQZAliasInfo* alias = AliasBySrcName(*query, strField);
+    const CQZAliasInfo* alias = query->FindAliasBySrcName(strField);
     return alias == nullptr ? nullptr : query->FindFieldInSources(CString(), alias->GetAliasField());
 }
 
@@ -155,4 +155,8 @@ CQZSourceFildInfo* CQZQueryInfo::FindFieldInAnySource(const CString& strField) {
         if (field != nullptr) return field;
     }
     return nullptr;
+}
+
+int CQZQueryInfo::IsFieldOfSources(const CString& strField) {
+    return FindFieldInSources(CString(), strField) == nullptr ? 0 : 1;
 }

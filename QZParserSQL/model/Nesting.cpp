@@ -18,4 +18,18 @@ std::vector<CQZQueryInfo*> InnermostFirst(CQZQueryInfo& outermost) {
     return queries;
 }
 
+SelectItem* ItemWalk::Next() {
+    while (!m_Levels.empty()) {
+        Level& level = m_Levels.back();
+        if (level.position == nullptr) {
+            m_Levels.pop_back();
+        } else if (SelectItem* item = level.items->GetNext(level.position)) {
+            return item;
+        }
+    }
+    return nullptr;
+}
+
+void ItemWalk::Enter(const CList<SelectItem*>& items) { m_Levels.push_back({&items, items.GetHeadPosition()}); }
+
 }  // namespace qz
