@@ -24,7 +24,7 @@ class Stack {
     std::size_t Size() const { return m_Size - kGuard; }
 
  private:
-    static constexpr std::size_t kGuard = 64 * 1024;
+    static constexpr std::size_t kGuard = std::size_t{64} * 1024;
     static constexpr int kKind = MAP_PRIVATE | MAP_ANONYMOUS | MAP_STACK;
 
     std::size_t m_Size;

@@ -426,7 +426,7 @@ TEST_F(ResolveField, TheClausesComeInTheirOrder) {
         database.AddTable<Noted>(name);
         return Field(name, u"");
     };
-    query.m_listFrom.RemoveAt(query.m_listFrom.GetHeadPosition());
+    delete query.m_listFrom.RemoveHead();
     query.m_listUnion.AddTail(noted(u"union"));
     query.m_listHaving.AddTail(noted(u"having"));
     query.m_listGroupBy.AddTail(noted(u"group"));
