@@ -25,7 +25,8 @@ class Check {
         for (const auto& ring : rings.rings) TellRing(ring);
         for (std::size_t i = 0; i < queries_.size(); ++i) {
             if (rings.leadsToRing[i]) {
-                Note(*queries_[i], "not checked, since it reads queries in a ring");
+                ExplainSources(*queries_[i]);
+                Note(*queries_[i], "checked no further, since it reads queries in a ring");
             } else {
                 CheckQuery(*queries_[i]);
             }
@@ -99,8 +100,12 @@ class Check {
         if (code > kLastError) Note(query, fmt::format("the check gives {}", code));
         if (code <= 0 || code > kLastError) return;
         const auto before = findings_.faults.size();
-        for (const auto& source : query.m_mapSources) ExplainSource(query, source.key);
+        ExplainSources(query);
         if (findings_.faults.size() == before) Fault(query, "something that it reads is not right");
+    }
+
+    void ExplainSources(const CatalogQuery& query) {
+        for (const auto& source : query.m_mapSources) ExplainSource(query, source.key);
     }
 
     void ExplainSource(const CatalogQuery& query, const CString& name) {
