@@ -110,7 +110,7 @@ TEST_F(CatalogCheckTest, WhatIsNotUnderstoodIsNoted) {
 }
 
 TEST_F(CatalogCheckTest, LongChainsOfQueries) {
-    constexpr int kMany = 500;
+    constexpr int kMany = 100;
     for (int i = 0; i < kMany; ++i) {
         AddQuery(u"q" + CString::FromInt(i), u"SELECT a FROM q" + CString::FromInt((i + 1) % kMany));
     }
