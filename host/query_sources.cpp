@@ -29,11 +29,9 @@ void AddName(const CatalogQuery& query, const QZGrammar& grammar, const QZNode* 
 
 }  // namespace
 
-std::optional<QuerySources> ReadSources(const CatalogQuery& query) {
-    const auto* dialect = FindDialect(query.DialectName());
-    if (dialect == nullptr) return std::nullopt;
+QuerySources ReadSources(const CatalogQuery& query) {
     QuerySources sources;
-    Recognition recognition(dialect->grammar(), query.Text().View());
+    Recognition recognition(FindDialect(query.DialectName())->grammar(), query.Text().View());
     Walk(recognition.Tree(), [&](const QZNode* node, std::size_t) {
         if (TypeName(recognition.Grammar(), node) == "TABLE_SPECIFICATION") {
             AddName(query, recognition.Grammar(), node, sources.names);

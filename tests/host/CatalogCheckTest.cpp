@@ -23,9 +23,8 @@ Names SourcesOf(const CString& text, bool isUnderstood = true) {
     CatalogQuery query(DefaultKind());
     query.SetText(text);
     const auto sources = ReadSources(query);
-    EXPECT_TRUE(sources.has_value());
-    EXPECT_EQ(sources->isUnderstood, isUnderstood);
-    return sources->names;
+    EXPECT_EQ(sources.isUnderstood, isUnderstood);
+    return sources.names;
 }
 
 TEST(QuerySources, AreReadFromEverySelect) {
@@ -64,7 +63,7 @@ TEST_F(CatalogCheckTest, ATableThatIsNotCorrectByItself) {
 TEST_F(CatalogCheckTest, QueriesThatReadWhatIsNotThereOrNotSelected) {
     FillCatalog(database_, 2, 2);
     database_.Tables()[1]->SetSelected(0);
-    AddQuery(u"q1", u"SELECT a FROM Gone");
+    AddQuery(u"q1", u"SELECT Field1 FROM Gone");
     AddQuery(u"q2", u"SELECT a FROM table2");
     AddQuery(u"q3", u"SELECT a FROM q1");
     AddQuery(u"q4", u"SELECT a FROM [TABLE1]");
