@@ -104,7 +104,7 @@ class Check {
         if (code <= 0 || code > kLastError) return;
         const auto before = findings_.faults.size();
         ExplainSources(number);
-        ExplainFields(query);
+        if (findings_.faults.size() == before) ExplainFields(query);
         if (findings_.faults.size() == before) Fault(query, "something that it reads is not right");
     }
 

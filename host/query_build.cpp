@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "QZParserSQL/dialect/QZRecognizers.h"
 #include "QZParserSQL/front/BuildQueryInfo.h"
 #include "QZParserSQL/platform/Console.h"
 

@@ -12,10 +12,15 @@ namespace qzsql {
 
 namespace {
 
-CString TextBelow(const QZGrammar& grammar, const QZNode* node) {
-    CString text;
-    for (std::uint32_t i = 0; i < QZChildCount(node); ++i) text += QZTextOf(grammar, QZChildAt(node, i));
-    return text;
+/// From the first token below the node to the last, as the text has it: a grammar may drop blanks within a name.
+CString TextBelow(std::u16string_view text, const QZNode* node) {
+    const auto count = QZChildCount(node);
+    if (count == 0) return {};
+    const auto first = QZTokenOf(QZChildAt(node, 0));
+    const auto last = QZTokenOf(QZChildAt(node, count - 1));
+    const auto end = last.position.offset + last.text.size();
+    return end > first.position.offset ? CString(text.substr(first.position.offset, end - first.position.offset))
+                                       : CString();
 }
 
 /// The name in a TABLE_SPECIFICATION, what qualifies it left out.
@@ -23,7 +28,8 @@ void AddName(const CatalogQuery& query, const QZGrammar& grammar, const QZNode* 
     for (std::uint32_t i = 0; i < QZChildCount(node); ++i) {
         const QZNode* part = QZChildAt(node, i);
         if (TypeName(grammar, part) != "TABLE_NAME") continue;
-        names.push_back(UnquoteName(query.Dialect(), TextBelow(grammar, part)));
+        const CString name = UnquoteName(query.Dialect(), TextBelow(query.Text(), part));
+        if (!name.IsEmpty()) names.push_back(name);
     }
 }
 

@@ -64,12 +64,24 @@ TEST_F(CatalogCheckTest, QueriesThatReadWhatIsNotThereOrNotSelected) {
     FillCatalog(database_, 2, 2);
     database_.Tables()[1]->SetSelected(0);
     AddQuery(u"q1", u"SELECT Field1 FROM Gone");
-    AddQuery(u"q2", u"SELECT a FROM table2");
-    AddQuery(u"q3", u"SELECT a FROM q1");
-    AddQuery(u"q4", u"SELECT a FROM [TABLE1]");
+    AddQuery(u"q2", u"SELECT Field1 FROM table2");
+    AddQuery(u"q3", u"SELECT 1 FROM q1");
+    AddQuery(u"q4", u"SELECT [Field1] FROM [TABLE1]");
     EXPECT_EQ(CheckCatalog(database_).faults,
               Lines({"q1: reads Gone, which is no table or query of the catalog",
                      "q2: reads table2, which is not selected", "q3: something that it reads is not right"}));
+}
+
+TEST_F(CatalogCheckTest, QueriesThatReferToFieldsThatAreNotThereOrNotSelected) {
+    FillCatalog(database_, 1, 3);
+    database_.Tables()[0]->m_listFields.GetTail()->SetSelected(0);
+    AddQuery(u"q1", u"SELECT Field1, nothing FROM Table1 WHERE Yes = No");
+    AddQuery(u"q2", u"SELECT x.Field1 AS renamed FROM Table1 AS x");
+    AddQuery(u"q3", u"SELECT renamed, [Field2] FROM q2");
+    AddQuery(u"q4", u"SELECT Table1.* FROM Table1");
+    AddQuery(u"q5", u"SELECT Field1 FROM Table1 WHERE Table1.field3 > 1");
+    EXPECT_EQ(CheckCatalog(database_).faults, Lines({"q1: refers to the field nothing, which its sources do not have",
+                                                     "q5: refers to the field field3, which is not selected"}));
 }
 
 TEST_F(CatalogCheckTest, RingsAreNamedAndNotEntered) {
@@ -79,7 +91,7 @@ TEST_F(CatalogCheckTest, RingsAreNamedAndNotEntered) {
     AddQuery(u"q2", u"SELECT a FROM (SELECT b FROM Q3) AS x");
     AddQuery(u"q3", u"SELECT a FROM t UNION SELECT b FROM q1");
     AddQuery(u"self", u"SELECT a FROM self");
-    AddQuery(u"fine", u"SELECT a FROM Table1");
+    AddQuery(u"fine", u"SELECT Field1 FROM Table1");
     const auto findings = CheckCatalog(database_);
     EXPECT_EQ(findings.faults, Lines({"q2: reads itself in a ring of queries: q2 -> q3 -> q1 -> q2",
                                       "self: reads itself in a ring of queries: self -> self",
@@ -96,13 +108,13 @@ TEST_F(CatalogCheckTest, RingsAreNamedAndNotEntered) {
 TEST_F(CatalogCheckTest, ATableBreaksARing) {
     AddQuery(u"q1", u"SELECT a FROM q2");
     AddQuery(u"q2", u"SELECT a FROM q1");
-    database_.AddTable(u"Q1");
+    database_.AddTable(u"Q1").AddField(u"a");
     EXPECT_EQ(CheckCatalog(database_).faults, Lines());
 }
 
 TEST_F(CatalogCheckTest, WhatIsNotUnderstoodIsNoted) {
     FillCatalog(database_, 1, 2);
-    AddQuery(u"q", u"SELECT a FROM Table1 THEN");
+    AddQuery(u"q", u"SELECT Field1 FROM Table1 THEN");
     const auto findings = CheckCatalog(database_);
     EXPECT_EQ(findings.faults, Lines());
     EXPECT_EQ(findings.notes, Lines({"q: not understood to its end, see: qzsql check -d access"}));
@@ -110,14 +122,31 @@ TEST_F(CatalogCheckTest, WhatIsNotUnderstoodIsNoted) {
 
 TEST_F(CatalogCheckTest, LongChainsOfQueries) {
     constexpr int kMany = 100;
+    FillCatalog(database_, 1, 2);
     for (int i = 0; i < kMany; ++i) {
-        AddQuery(u"q" + CString::FromInt(i), u"SELECT a FROM q" + CString::FromInt((i + 1) % kMany));
+        AddQuery(u"q" + CString::FromInt(i), u"SELECT Field1 FROM q" + CString::FromInt((i + 1) % kMany));
     }
     EXPECT_EQ(CheckCatalog(database_).faults.size(), 1U);
-    AddQuery(u"q", u"SELECT 1");
-    database_.Queries()[kMany - 1]->m_mapSources.RemoveAll();
-    database_.Queries()[kMany - 1]->SetText(u"SELECT a FROM q");
+    database_.Queries().back()->SetText(u"SELECT Field1 FROM Table1");
     EXPECT_EQ(CheckCatalog(database_).faults, Lines());
+}
+
+TEST_F(CatalogCheckTest, QueriesOfTheOtherDialectsAreCheckedForWhatTheyRead) {
+    FillCatalog(database_, 1, 2);
+    const std::pair<const char*, const char16_t*> queries[] = {
+        {"mssql", u"SELECT a FROM [Table1] AS x, dbo.[Not There]"},
+        {"mysql", u"SELECT a FROM `Table1` x, db.Gone"},
+        {"oracle", u"SELECT a FROM \"Table1\" x, db.Gone"},
+    };
+    for (const auto& [dialect, text] : queries) {
+        AddQuery(CString::FromUtf8(dialect), text);
+        database_.Queries().back()->SetDialect(*FindKind(std::string_view(dialect)));
+    }
+    const auto findings = CheckCatalog(database_);
+    EXPECT_EQ(findings.faults, Lines({"mssql: reads Not There, which is no table or query of the catalog",
+                                      "mysql: reads Gone, which is no table or query of the catalog",
+                                      "oracle: reads Gone, which is no table or query of the catalog"}));
+    EXPECT_EQ(findings.notes, Lines());
 }
 
 }  // namespace

@@ -8,6 +8,7 @@ import shutil
 import signal
 import sqlite3
 import subprocess
+import sys
 import time
 import unittest
 
@@ -174,7 +175,7 @@ class CatalogCommands(Catalog):
         err = self.expect_untouched(NOT_CLEAN, "set", self.store, "Orders", "CopyIndexes", "1")
         self.assertEqual(err, "qzsql: CopyIndexes stays 0: refused, since CopyStructure of the table is 0\n")
         self.catalog("set", self.store, ".", "OverwriteDatabase", "1")
-        err = self.expect_untouched(DONE, "set", self.store, "Orders", "OverwriteTable", "0")
+        self.expect_untouched(DONE, "set", self.store, "Orders", "OverwriteTable", "0")
         err = self.expect_untouched(NOT_CLEAN, "set", self.store, "Customers", "OverwriteTable", "0")
         self.assertEqual(err, "qzsql: OverwriteTable stays 1: refused, since OverwriteDatabase of the database is 1\n")
 
@@ -268,10 +269,14 @@ class CatalogStores(Catalog):
 
     def test_locked(self):
         self.make()
-        connection = sqlite3.connect(self.store, isolation_level=None)
-        self.addCleanup(connection.close)
-        connection.execute("BEGIN EXCLUSIVE")
-        self.expect_refused("locked by another process")
+        # Of another process, since a lock ends when the process that holds it closes the file anywhere.
+        hold = "import sqlite3, sys; c = sqlite3.connect(sys.argv[1], isolation_level=None); " \
+               "c.execute('BEGIN EXCLUSIVE'); print(flush=True); sys.stdin.read()"
+        with subprocess.Popen([sys.executable, "-c", hold, self.store], stdin=subprocess.PIPE,
+                              stdout=subprocess.PIPE) as holder:
+            holder.stdout.readline()
+            self.expect_refused("locked by another process")
+            holder.stdin.close()
 
     def test_read_only(self):
         self.make()
