@@ -78,9 +78,10 @@ TEST_F(CatalogCheckTest, QueriesThatReferToFieldsThatAreNotThereOrNotSelected) {
     AddQuery(u"q1", u"SELECT Field1, nothing FROM Table1 WHERE Yes = No");
     AddQuery(u"q2", u"SELECT x.Field1 AS renamed FROM Table1 AS x");
     AddQuery(u"q3", u"SELECT renamed, [Field2] FROM q2");
-    AddQuery(u"q4", u"SELECT Table1.* FROM Table1");
+    AddQuery(u"q4", u"SELECT Table1.* FROM Table1");  // all of its fields
     AddQuery(u"q5", u"SELECT Field1 FROM Table1 WHERE Table1.field3 > 1");
     EXPECT_EQ(CheckCatalog(database_).faults, Lines({"q1: refers to the field nothing, which its sources do not have",
+                                                     "q4: refers to the field Field3, which is not selected",
                                                      "q5: refers to the field field3, which is not selected"}));
 }
 
