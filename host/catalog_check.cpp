@@ -3,7 +3,9 @@
 #include <fmt/format.h>
 
 #include <map>
+#include <set>
 
+#include "host/query_build.h"
 #include "host/query_rings.h"
 #include "host/query_sources.h"
 #include "host/unicode.h"
@@ -20,14 +22,18 @@ class Check {
 
     CatalogFindings Run() {
         CheckTables();
-        for (auto* query : queries_) TakeSources(*query);
+        for (auto* query : queries_) sources_.push_back(SourcesOf(*query));
         const auto rings = FindRings(FollowSources());
         for (const auto& ring : rings.rings) TellRing(ring);
         for (std::size_t i = 0; i < queries_.size(); ++i) {
+            if (!rings.leadsToRing[i]) BuildForCheck(*queries_[i], sources_[i]);
+        }
+        for (std::size_t i = 0; i < queries_.size(); ++i) {
             if (rings.leadsToRing[i]) {
-                Note(*queries_[i], "not checked, since it reads queries in a ring");
+                ExplainSources(i);
+                Note(*queries_[i], "checked no further, since it reads queries in a ring");
             } else {
-                CheckQuery(*queries_[i]);
+                CheckQuery(i);
             }
         }
         return std::move(findings_);
@@ -62,15 +68,12 @@ class Check {
         if (key.GetCorrect() != 0) Fault(table, fmt::format("{} {}: {}", what, NameOf(key), ToUtf8(key.Fault())));
     }
 
-    void TakeSources(CatalogQuery& query) {
+    std::vector<CString> SourcesOf(const CatalogQuery& query) {
         const auto sources = ReadSources(query);
-        if (!sources)
-            return Note(query, fmt::format("{} queries are not read, so it is not checked", query.DialectName()));
-        if (!sources->isUnderstood) {
+        if (!sources.isUnderstood) {
             Note(query, fmt::format("not understood to its end, see: qzsql check -d {}", query.DialectName()));
         }
-        for (const auto& name : sources->names) query.m_mapSources.SetAt(name, name);
-        query.ResolveSourceGUIDs();
+        return sources.names;
     }
 
     /// A table wins over a query of the same name.
@@ -79,8 +82,8 @@ class Check {
         for (std::size_t i = 0; i < queries_.size(); ++i) numbers.emplace(queries_[i], i);
         Readings readings(queries_.size());
         for (std::size_t i = 0; i < queries_.size(); ++i) {
-            for (const auto& source : queries_[i]->m_mapSources) {
-                const auto* read = database_.FindTable(source.key) ? nullptr : database_.FindQuery(source.key);
+            for (const auto& name : sources_[i]) {
+                const auto* read = database_.FindTable(name) != nullptr ? nullptr : database_.FindQuery(name);
                 if (read != nullptr) readings[i].push_back(numbers.at(read));
             }
         }
@@ -94,13 +97,23 @@ class Check {
         Fault(first, fmt::format("reads itself in a ring of queries: {}{}", path, NameOf(first)));
     }
 
-    void CheckQuery(CatalogQuery& query) {
+    void CheckQuery(std::size_t number) {
+        auto& query = *queries_[number];
         const int code = query.GetCorrect();
         if (code > kLastError) Note(query, fmt::format("the check gives {}", code));
         if (code <= 0 || code > kLastError) return;
         const auto before = findings_.faults.size();
-        for (const auto& source : query.m_mapSources) ExplainSource(query, source.key);
+        ExplainSources(number);
+        if (findings_.faults.size() == before) ExplainFields(query);
         if (findings_.faults.size() == before) Fault(query, "something that it reads is not right");
+    }
+
+    void ExplainSources(std::size_t number) {
+        const auto& query = *queries_[number];
+        std::set<CString> told;
+        for (const auto& name : sources_[number]) {
+            if (told.insert(name).second) ExplainSource(query, name);
+        }
     }
 
     void ExplainSource(const CatalogQuery& query, const CString& name) {
@@ -112,8 +125,32 @@ class Check {
         }
     }
 
+    void ExplainFields(CatalogQuery& query) {
+        for (const auto& entry : query.m_mapFields) {
+            const auto& record = *entry.value;
+            if (record.FieldName == u"*") continue;
+            const auto* field = query.FindFieldInSources(record.TableName, record.FieldName);
+            if (field != nullptr && field->GetSelected() == 0) {
+                Fault(query, fmt::format("refers to the field {}, which is not selected", ToUtf8(record.FieldName)));
+            } else if (field == nullptr && IsMissing(query, record)) {
+                Fault(query,
+                      fmt::format("refers to the field {}, which its sources do not have", ToUtf8(record.FieldName)));
+            }
+        }
+    }
+
+    /// Unlike aliases, and Yes and No, which are constants.
+    static bool IsMissing(CatalogQuery& query, const CFieldObject& record) {
+        const auto& name = record.FieldName;
+        const bool isConstant =
+            record.TableName.IsEmpty() && (name.CompareNoCase(u"Yes") == 0 || name.CompareNoCase(u"No") == 0);
+        CQZQueryInfo* declaring = nullptr;
+        return !name.IsEmpty() && !isConstant && query.HasAlias(record.TableName, name, declaring) == 0;
+    }
+
     CatalogDatabase& database_;
     std::vector<CatalogQuery*> queries_;
+    std::vector<std::vector<CString>> sources_;  // of each query, by name
     CatalogFindings findings_;
 };
 

@@ -29,7 +29,7 @@ constexpr const char* kCheckHelp =
 
 constexpr const char* kFilterHelp =
     "The conditions are FIELD OP VALUE, with and or or between them; is-null and is-not-null take no VALUE.\n"
-    "Where a VALUE begins with a minus sign, put -- before the STORE. A filter replaces the former one;\n"
+    "Where a VALUE looks like an option, put -- before the STORE. A filter replaces the former one;\n"
     "without conditions, --sql and --remove the filter is shown.\n";
 
 constexpr const char* kExitCodes =

@@ -208,7 +208,7 @@ ExitCode Set(const SetRequest& request) {
     for (const auto& [name, now] : OptionsAround(database, named)) {
         if (now != before.at(name)) changes += fmt::format("{}: {} -> {}\n", name, before.at(name), now);
     }
-    edit.Save();
+    if (!changes.empty()) edit.Save();
     Write(changes.empty() ? "nothing changes\n" : changes);
     return kDone;
 }

@@ -64,7 +64,7 @@ CQZFieldInfo& FindField(CatalogTable& table, const CString& name) {
     if (auto* field = table.FindFieldBySrcName(name)) return *field;
     Names names;
     AddNames(names, table.m_listFields);
-    throw WrongUsage(UnknownName("field", name, names) + " in the table " + table.GetSrcName().ToUtf8());
+    throw WrongUsage(UnknownName("field of " + table.GetSrcName().ToUtf8(), name, names));
 }
 
 }  // namespace qzsql

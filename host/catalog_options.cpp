@@ -209,9 +209,9 @@ const Option& FindOption(const Options& options, const CString& name) {
     }
     std::vector<CString> names;
     for (const auto& option : options) names.push_back(CString::FromUtf8(option.name));
-    auto message = UnknownName("option", name, names) + "; the options are ";
-    for (const auto& option : options) message.append(&option == &options.front() ? "" : ", ").append(option.name);
-    throw WrongUsage(message);
+    std::string all;
+    for (const auto& option : options) all.append(all.empty() ? "" : ", ").append(option.name);
+    throw WrongUsage(fmt::format("{} The options are {}", UnknownName("option", name, names), all));
 }
 
 OptionValue ReadValue(const Option& option, const CString& text) {

@@ -10,11 +10,8 @@ namespace qzsql {
 namespace {
 
 constexpr Dialect kDialects[] = {
-    {"access", QZGrammarMSAccessSQL_v3},
-    {"mssql", QZGrammarMSSQL},
-    {"mssql-from", QZGrammarMSSQLfrom},
-    {"mysql", QZGrammarMySQLSelect},
-    {"oracle", QZGrammarOracle},
+    {"access", QZGrammarMSAccessSQL_v3}, {"mssql", QZGrammarMSSQL},   {"mssql-from", QZGrammarMSSQLfrom},
+    {"mysql", QZGrammarMySQLSelect},     {"oracle", QZGrammarOracle},
 };
 
 }  // namespace

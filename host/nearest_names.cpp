@@ -48,13 +48,11 @@ std::vector<CString> NearestNames(const CString& name, const std::vector<CString
 }
 
 std::string UnknownName(std::string_view what, const CString& name, const std::vector<CString>& names) {
-    auto message = fmt::format("unknown {} '{}'", what, name.ToUtf8());
-    std::string_view glue = "; did you mean ";
+    std::string nearest;
     for (const auto& near : NearestNames(name, names)) {
-        message.append(glue).append(near.ToUtf8());
-        glue = " or ";
+        nearest.append(nearest.empty() ? " Did you mean " : " or ").append(near.ToUtf8());
     }
-    return glue == " or " ? message + "?" : message;
+    return fmt::format("unknown {} '{}'.{}{}", what, name.ToUtf8(), nearest, nearest.empty() ? "" : "?");
 }
 
 }  // namespace qzsql

@@ -12,10 +12,15 @@ namespace qzsql {
 
 namespace {
 
-CString TextBelow(const QZGrammar& grammar, const QZNode* node) {
-    CString text;
-    for (std::uint32_t i = 0; i < QZChildCount(node); ++i) text += QZTextOf(grammar, QZChildAt(node, i));
-    return text;
+/// From the first token below the node to the last, as the text has it: a grammar may drop blanks within a name.
+CString TextBelow(std::u16string_view text, const QZNode* node) {
+    const auto count = QZChildCount(node);
+    if (count == 0) return {};
+    const auto first = QZTokenOf(QZChildAt(node, 0));
+    const auto last = QZTokenOf(QZChildAt(node, count - 1));
+    const auto end = last.position.offset + last.text.size();
+    return end > first.position.offset ? CString(text.substr(first.position.offset, end - first.position.offset))
+                                       : CString();
 }
 
 /// The name in a TABLE_SPECIFICATION, what qualifies it left out.
@@ -23,17 +28,16 @@ void AddName(const CatalogQuery& query, const QZGrammar& grammar, const QZNode* 
     for (std::uint32_t i = 0; i < QZChildCount(node); ++i) {
         const QZNode* part = QZChildAt(node, i);
         if (TypeName(grammar, part) != "TABLE_NAME") continue;
-        names.push_back(UnquoteName(query.Dialect(), TextBelow(grammar, part)));
+        const CString name = UnquoteName(query.Dialect(), TextBelow(query.Text(), part));
+        if (!name.IsEmpty()) names.push_back(name);
     }
 }
 
 }  // namespace
 
-std::optional<QuerySources> ReadSources(const CatalogQuery& query) {
-    const auto* dialect = FindDialect(query.DialectName());
-    if (dialect == nullptr) return std::nullopt;
+QuerySources ReadSources(const CatalogQuery& query) {
     QuerySources sources;
-    Recognition recognition(dialect->grammar(), query.Text().View());
+    Recognition recognition(FindDialect(query.DialectName())->grammar(), query.Text().View());
     Walk(recognition.Tree(), [&](const QZNode* node, std::size_t) {
         if (TypeName(recognition.Grammar(), node) == "TABLE_SPECIFICATION") {
             AddName(query, recognition.Grammar(), node, sources.names);

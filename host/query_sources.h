@@ -1,7 +1,6 @@
 // What a stored query reads.
 #pragma once
 
-#include <optional>
 #include <vector>
 
 #include "host/catalog_objects.h"
@@ -13,7 +12,6 @@ struct QuerySources {
     bool isUnderstood = true;    ///< false where text that is not understood may name more
 };
 
-/// None where the query's dialect is not read.
-std::optional<QuerySources> ReadSources(const CatalogQuery& query);
+QuerySources ReadSources(const CatalogQuery& query);
 
 }  // namespace qzsql

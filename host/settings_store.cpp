@@ -50,6 +50,7 @@ void Prepare(Connection& connection, SettingsStore::Use use) {
     sqlite3_db_config(connection.Handle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     sqlite3_db_config(connection.Handle(), SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     connection.Execute("PRAGMA trusted_schema = OFF; PRAGMA temp_store = MEMORY; PRAGMA cache_size = -65536");
+    connection.CheckLength();
     if (connection.Number("PRAGMA application_id") != kApplication) {
         throw SqliteError("no store of qzsql; name another file, or make a store with: qzsql catalog init STORE");
     }

@@ -10,6 +10,8 @@ namespace qzsql {
 
 namespace {
 
+constexpr const char* kDamaged = "damaged or cut off; put a sound copy in its place";
+
 std::string Reason(sqlite3* handle) {
     const int system = sqlite3_system_errno(handle);
     return system == 0 ? sqlite3_errmsg(handle) : std::generic_category().message(system);
@@ -20,7 +22,7 @@ std::string Explain(sqlite3* handle) {
         case SQLITE_NOTADB:
             return "no SQLite file; name another file";
         case SQLITE_CORRUPT:
-            return "damaged or cut off; put a sound copy in its place";
+            return kDamaged;
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
             return "locked by another process; try again when that has ended";
@@ -32,6 +34,8 @@ std::string Explain(sqlite3* handle) {
             return fmt::format("can't be read or written: {}; nothing was changed", Reason(handle));
         case SQLITE_CANTOPEN:
             return fmt::format("can't be opened: {}; look at the path and its permissions", Reason(handle));
+        case SQLITE_ERROR:
+            return fmt::format("damaged or of another make: {}", sqlite3_errmsg(handle));
         case SQLITE_NOMEM:
             return "memory is used up";
         default:
@@ -44,12 +48,20 @@ constexpr int kPatience = 500;  // milliseconds that another process may hold a 
 }  // namespace
 
 // An absolute path keeps names like ":memory:" from meaning something else than a file.
-Connection::Connection(const std::string& path, int flags) {
+Connection::Connection(const std::string& path, int flags) : path_(std::filesystem::absolute(path).string()) {
     sqlite3* handle = nullptr;
-    const int code = sqlite3_open_v2(std::filesystem::absolute(path).c_str(), &handle, flags, nullptr);
+    const int code = sqlite3_open_v2(path_.c_str(), &handle, flags, nullptr);
     handle_.reset(handle);
     if (code != SQLITE_OK) Throw();
     sqlite3_busy_timeout(handle, kPatience);
+}
+
+// The transaction keeps others from growing the file meanwhile.
+void Connection::CheckLength() {
+    Execute("BEGIN");
+    const auto length = Number("PRAGMA page_count") * Number("PRAGMA page_size");
+    if (length != static_cast<std::int64_t>(std::filesystem::file_size(path_))) throw SqliteError(kDamaged);
+    Execute("COMMIT");
 }
 
 void Connection::Execute(const char* sql) {

@@ -23,6 +23,8 @@ class Connection {
     /// A file that exists. Throws SqliteError.
     Connection(const std::string& path, int flags);
 
+    /// Throws SqliteError where the file is not as long as its pages; SQLite overlooks half a page.
+    void CheckLength();
     /// Runs statements without results.
     void Execute(const char* sql);
     /// The first column of the one row of a query.
@@ -32,6 +34,7 @@ class Connection {
     sqlite3* Handle() const { return handle_.get(); }
 
  private:
+    std::string path_;
     struct Close {
         void operator()(sqlite3* handle) const { sqlite3_close(handle); }
     };
