@@ -35,7 +35,7 @@ class Writer(random_texts.Writer):
         return ' . '.join(self.name() for _ in range(self.rng.choices([1, 2, 3, 4], [50, 40, 8, 2])[0]))
 
     def condition(self):
-        compared = (f'{self.line_end(.05)} {self.operand(1)} {self.rng.choice(COMPARISONS)} {self.line_end(.05)} '
+        compared = (f'{self.line_end(.05)} {self.operand(2)} {self.rng.choice(COMPARISONS)} {self.line_end(.05)} '
                     f'{self.operand(1)}')
         return (self.rng.choice(['{}', '{}', '{}', '( {} )', '( {}', '{} )', '( ( {} ) )']).format(compared) + ' ' +
                 self.line_end(.15))
