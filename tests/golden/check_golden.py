@@ -10,8 +10,7 @@ from pathlib import Path
 
 TESTS = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(TESTS / 'oracle'))
-from access_oracle import DIALECT  # pylint: disable=wrong-import-position
-from engine import with_deep_stack  # pylint: disable=wrong-import-position
+from engine import dialects, oracle_of, with_deep_stack  # pylint: disable=wrong-import-position
 
 
 def read(path):
@@ -47,26 +46,32 @@ def sexpr(outline):
     return ' '.join(parts)
 
 
-def cases():
-    for path in sorted((TESTS / 'golden' / 'access').glob('*.txt')):
+def cases(dialect):
+    for path in sorted((TESTS / 'golden' / dialect).glob('*.txt')):
         yield from golden_cases(path)
-    for path in sorted((TESTS / 'corpus' / 'access').glob('*.sql')):
+    for path in sorted((TESTS / 'corpus' / dialect).glob('*.sql')):
         yield from corpus_cases(path)
 
 
-def main():
+def check(dialect):
+    """Prints the differences and the count line; gives the number of differing cases."""
+    oracle = oracle_of(dialect)
     compared = skipped = different = 0
-    for name, sql, outline in cases():
-        expected = DIALECT.parse(sql)
+    for name, sql, outline in cases(dialect):
+        expected = oracle.parse(sql)
         if expected is None:
             skipped += 1
             continue
         compared += 1
         if sexpr(outline) != expected:
             different += 1
-            print(f'{name}\n{sql}\noracle: {expected}\ngolden: {sexpr(outline)}\n')
-    print(f'{compared} compared, {skipped} skipped, {different} different')
-    return 1 if different else 0
+            print(f'{dialect}/{name}\n{sql}\noracle: {expected}\ngolden: {sexpr(outline)}\n')
+    print(f'{dialect}: {compared} compared, {skipped} skipped, {different} different')
+    return different
+
+
+def main():
+    return 1 if sum(map(check, dialects())) else 0
 
 
 if __name__ == '__main__':

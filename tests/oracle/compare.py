@@ -6,12 +6,11 @@ compared. The exit code is 1 on any difference.
 """
 
 import argparse
-import importlib
 import json
 import subprocess
 import sys
 
-from engine import token_lines, with_deep_stack
+from engine import dialects, oracle_of, token_lines, with_deep_stack
 from random_texts import texts as random_texts
 
 SHOWN = 10
@@ -20,10 +19,6 @@ SHOWN = 10
 def read_texts(path):
     with open(path, encoding='utf-8') as lines:
         return [json.loads(line)['sql'] for line in lines if line.strip()]
-
-
-def oracle_of(dialect):
-    return importlib.import_module(dialect.replace('-', '_') + '_oracle').DIALECT
 
 
 def run_batch(qzsql, dialect, emit, texts):
@@ -67,7 +62,7 @@ def compare(qzsql, dialect, texts):
 def main():
     options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     options.add_argument('--qzsql', required=True, help='the program')
-    options.add_argument('--dialect', default='access')
+    options.add_argument('--dialect', choices=dialects(), default='access')
     options.add_argument('--count', type=int, default=1000, help='number of random texts')
     options.add_argument('--seed', type=int, default=1)
     options.add_argument('--file', help='texts to compare instead: JSON lines with a member "sql"')

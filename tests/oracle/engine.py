@@ -4,9 +4,11 @@ A dialect is a lexer, a row of rules, and its entry. Parsing is ordered choice o
 not modelled: where the recognizers would report a parser error the tree is None, but where a dialect says more.
 """
 
+import importlib
 import json
 import sys
 import threading
+from pathlib import Path
 
 EOF = 'EOF'
 
@@ -350,6 +352,16 @@ class Dialect:
                 answer = {'id': record['id'], 'tree': reading.tree, 'status': reading.status,
                           'tokens': token_lines(self.lex(record['sql']))}
                 print(json.dumps(answer), flush=True)
+
+
+def dialects():
+    """The names of all dialects that have an oracle."""
+    oracles = Path(__file__).parent.glob('*_oracle.py')
+    return sorted(path.stem.removesuffix('_oracle').replace('_', '-') for path in oracles)
+
+
+def oracle_of(dialect):
+    return importlib.import_module(dialect.replace('-', '_') + '_oracle').DIALECT
 
 
 def error_entry(parser, query_label):

@@ -37,8 +37,9 @@ KEYWORDS = {keyword_text(token): token for token in KEYWORD_TOKENS}
 LITERALS = dict(zip(LITERAL_WORDS, quoted(LITERAL_WORDS)))
 
 WORD = re.compile('[A-Z_a-z][0-9A-Z_a-z]*')
-FLOAT = re.compile(r'[0-9]+\.[0-9]*(?:[Ee][-+]?[0-9]+)?|\.[0-9]+(?:[Ee][-+]?[0-9]+)?|[0-9]+[Ee][-+]?[0-9]+')
 DIGITS = re.compile('[0-9]+')
+NUMBER = re.compile(r'[0-9]+(?:\.[0-9]*)?|\.[0-9]+')
+EXPONENT = re.compile('[Ee][-+]?([0-9]*)')
 
 
 # --------------------------------------------------------------------------------------------------------- lexer
@@ -48,10 +49,22 @@ def next_token(units, at):
     if (match := WORD.match(units, at)):
         word = match.group()
         return Token(LITERALS.get(word) or KEYWORDS.get(word.translate(CAPITALS), 'ID_'), word), match.end()
-    for name, numbers in (('FLOAT_', FLOAT), ('INT_', DIGITS)):
-        if (match := numbers.match(units, at)):
-            return Token(name, match.group()), match.end()
+    if (match := NUMBER.match(units, at)):
+        return number_token(units, at, match.end())
+    # An exclamation mark commits to the operator.
+    if units.startswith('!', at) and not units.startswith('!=', at):
+        return None, at + 2
     return operator_token(OPERATORS, units, at)
+
+
+def number_token(units, at, end):
+    """The letter of an exponent commits: one without digits loses the number and one character more."""
+    if (exponent := EXPONENT.match(units, end)):
+        end = exponent.end()
+        if not exponent.group(1):
+            return None, end + 1
+    text = units[at:end]
+    return Token('INT_' if DIGITS.fullmatch(text) else 'FLOAT_', text), end
 
 
 # ------------------------------------------------------------------------------------------------------------ rules
@@ -68,7 +81,7 @@ RULES = {
     'nested_table': seq('joined_table', opt('nestedJoin')),
     'joined_table': seq('node_join_prefix', root('JOIN_KEYWORD_'), 'node_join_postfix'),
     'node_test_prefix': seq(opening, 'join_prefix', closing),
-    'join_prefix': seq(many(choice(seq(drop('LEFT_PAREN_'), 'node_nestedJoin', drop('RIGHT_PAREN_')),
+    'join_prefix': seq(many(choice(seq('LEFT_PAREN_', 'node_nestedJoin', 'RIGHT_PAREN_'),
                                    seq(line_end, 'node_nestedJoin'),
                                    'join_type',
                                    seq(opt(line_end), 'node_t_n'),
@@ -85,12 +98,12 @@ RULES = {
                 many('n_and')),
     'and_condition': seq(opt(drop('AND_KEYWORD_')), 'node_search_condition'),
     'old_big_postfix': seq(opt('node_joined_table'), 'postfix_table'),
-    'postfix_table': some(choice(seq(opening, 'node_nestedJoin', closing),
+    'postfix_table': some(choice(seq(opt('LEFT_PAREN_'), 'node_nestedJoin', opt('RIGHT_PAREN_')),
                                  seq(opt(line_end), 'node_nestedJoin'),
                                  seq(opt(line_end), 'node_t_n'),
                                  seq(opt(line_end), 'node_table_specification'))),
     'nestedJoin': seq('node_joined_table'),
-    't_n': seq('node_table_specification', opt(seq(drop('LITERAL_AS_'), 'node_new_name'))),
+    't_n': seq('node_table_specification', opt(seq('LITERAL_AS_', 'node_new_name'))),
     'new_name': seq(opt(drop('LEFT_COL_PAREN_')), opt(keep("'#'", "'##'")), choice('ID_', 'quoted_identifier'),
                     opt(drop('RIGHT_COL_PAREN_'))),
     'table_specification': choice(seq('node_db_name', drop('DOT_'), 'node_table_name'), 'node_table_name'),

@@ -6,7 +6,7 @@ from mssql_from_oracle import KEYWORDS, LITERAL_WORDS, OPERATORS
 NAMES = ['a', 'b', 'c', 'x', 'y', 't', 'Orders', 'T1', '_x', '[my col]', '[]', '[a]]b]', '"q n"', '"a""b"', '[a , b]',
          '[a \r \n b]', 'loop', 'ä']
 UNFINISHED = ['[', '"', '[a', '"a']
-NUMBERS = ['0', '42', '1.5', '1.5E3', '.5', '1.', '.5e-3', '2E+5', '1.E5', '3e7', '1.2.3', '1 . 5']
+NUMBERS = ['0', '42', '1.5', '1.5E3', '.5', '1.', '.5e-3', '2E+5', '1.E5', '3e7', '1.2.3', '1 . 5', '1Ex', '1.5E+', '.5e']
 COMPARISONS = ['=', '<', '>', '<=', '>=', '<>', '!=', '*=', '=*']
 ARITHMETIC = ['+', '-', '*', '/', '| |', '|', '&']
 JOIN_TYPES = ['INNER', 'LEFT', 'RIGHT', 'FULL', 'LEFT OUTER', 'right outer', 'FULL OUTER', 'CROSS', 'INNER LOOP',
@@ -35,7 +35,7 @@ class Writer(random_texts.Writer):
         return ' . '.join(self.name() for _ in range(self.rng.choices([1, 2, 3, 4], [50, 40, 8, 2])[0]))
 
     def condition(self):
-        compared = (f'{self.line_end(.05)} {self.operand(1)} {self.rng.choice(COMPARISONS)} {self.line_end(.05)} '
+        compared = (f'{self.line_end(.05)} {self.operand(2)} {self.rng.choice(COMPARISONS)} {self.line_end(.05)} '
                     f'{self.operand(1)}')
         return (self.rng.choice(['{}', '{}', '{}', '( {} )', '( {}', '{} )', '( ( {} ) )']).format(compared) + ' ' +
                 self.line_end(.15))

@@ -153,7 +153,7 @@ def parenthesised(form):
 opening = opt(drop('LEFT_PAREN'))
 closing = opt(drop('RIGHT_PAREN'))
 name = choice('quoted_identifier', 'IDENTIFICATOR')
-alias = opt(seq(drop('LITERAL_AS'), 'node_new_name'))
+alias = opt(seq('LITERAL_AS', 'node_new_name'))
 direction = opt(keep('ASC_KEYWORD', 'DESC_KEYWORD'))
 number_sign = opt(keep("'#'", "'##'"))
 operand = choice('expression', seq("'@'", 'IDENTIFICATOR'))
@@ -172,7 +172,7 @@ RULES = {
                           opt('WITHTIES_KEYWORD')),
     'select_list_': list_of('select_list'),
     'select_list': choice('node_fff', 'variety_select', 'node_column_specification'),
-    'fff': seq('variety_select', alias),
+    'fff': seq('variety_select', opt(seq(drop('LITERAL_AS'), 'node_new_name'))),
     'variety_select': choice('derived_table',
                              seq('expression', many(seq(root(*COMPARISON), 'expression'))),
                              keep("'IDENTIFYCOL'", "'ROWGUIDCOL'")),

@@ -65,7 +65,7 @@ def new_name(*parts):
 
 def source(*parts, alias=None):
     return node('ALIAS', node('TABLE_SPECIFICATION', *names(parts, ['DB_NAME', 'TABLE_NAME'])),
-                *([new_name(alias)] if alias else []))
+                *([tok('LITERAL_AS'), new_name(alias)] if alias else []))
 
 
 def from_(*sources):
@@ -226,7 +226,7 @@ SOURCES = {
     'SELECT b': [from_(), SELECT, ident('b')],
     'WHERE a = b': [from_() + ' ' + node('WHERE_CONDITION', cond(eq(A, B)))],
     '(t)': [None, FROM, OPEN, ident('t'), CLOSE],
-    '(SELECT a FROM t) AS x': [from_(node('ALIAS', SELECT_A_FROM_T, new_name('x')))],
+    '(SELECT a FROM t) AS x': [from_(node('ALIAS', SELECT_A_FROM_T, tok('LITERAL_AS'), new_name('x')))],
     't x': [from_(source('t')), ident('x')],
     't AS x': [from_(source('t', alias='x'))],
     'dbo.t': [from_(source('dbo', 't'))],
@@ -244,10 +244,10 @@ SOURCES = {
         [source('a'), tok('LEFT_KEYWORD'), tok('OUTER_KEYWORD'), tok('HASH', 'hash')],
         [source('b'), node('TABLE_HINT', lit('NOLOCK'), lit('INDEX'), bare_num('1'), bare_num('2')), ON_XY]))],
     'a CROSS JOIN b': [from_(join([source('a'), tok('CROSS_KEYWORD')], [source('b')]))],
-    '(SELECT a FROM t) AS x JOIN b ON x = y': [from_(join([node('ALIAS', SELECT_A_FROM_T, new_name('x'))],
-                                                          [source('b'), ON_XY]))],
+    '(SELECT a FROM t) AS x JOIN b ON x = y': [from_(join(
+        [node('ALIAS', SELECT_A_FROM_T, tok('LITERAL_AS'), new_name('x'))], [source('b'), ON_XY]))],
     'a JOIN (SELECT a FROM t) AS x ON x = y': [from_(join([source('a')], [
-        node('ALIAS', SELECT_A_FROM_T, new_name('x')), ON_XY]))],
+        node('ALIAS', SELECT_A_FROM_T, tok('LITERAL_AS'), new_name('x')), ON_XY]))],
     'JOIN b': [from_(join([], [source('b')]))],
     'a JOIN': [from_(join([source('a')], []))],
     'a JOIN b ON (x = y)': [from_(join([source('a')], [source('b'), ON_XY]))],

@@ -31,7 +31,7 @@ def num(text):
 
 def source(*parts, alias=()):
     return node('ALIAS_', node('TABLE_SPECIFICATION_', *names(parts, ['DB_NAME_', 'TABLE_NAME_'])),
-                *([node('NEW_NAME_', *alias)] if alias else []))
+                *([tok('LITERAL_AS_'), node('NEW_NAME_', *alias)] if alias else []))
 
 
 def op(name, text, *operands):
@@ -63,6 +63,7 @@ def and_(comparison):
     return node('AND', cond(comparison))
 
 
+OPEN = tok('LEFT_PAREN_', '(')
 CLOSE = tok('RIGHT_PAREN_', ')')
 COMMA = tok('COMMA_', ',')
 DOT = tok('DOT_', '.')
@@ -103,7 +104,8 @@ LISTS = {
     'a JOIN b ON x = y\r\nINNER JOIN c ON y = z': [join([source('a')], [source('b'), ON_XY],
                                                         join([INNER], [source('c'), ON_YZ]))],
     'a JOIN b JOIN c ON x = y ON y = z': [join([source('a')], [nested(JOIN_BC), ON_YZ])],
-    'a JOIN (b JOIN c ON x = y) ON y = z': [join([source('a')], [nested(JOIN_BC), ON_YZ])],
+    'a JOIN (b JOIN c ON x = y) ON y = z': [join([source('a')], [OPEN, nested(JOIN_BC), ON_YZ])],
+    '((a JOIN b ON x = y)) c JOIN d': [join([OPEN, nested(A_JOIN_B), CLOSE, source('c')], [source('d')])],
     '(a JOIN b ON x = y) JOIN c ON y = z': [join([source('a')], [source('b'), ON_XY], join([], [source('c'), ON_YZ]))],
     '(a) JOIN b': [join([source('a')], [source('b')])],
     'a JOIN b ON x = y AND y = z OR a = b': [
@@ -140,7 +142,11 @@ TOKENS = {
                        tok('LOJ_', '*='), tok('GOJ_', '=*'), tok('NOT_EQ_', '<>')],
     '= < > & | /': [tok('EQ_', '='), tok('L_T_', '<'), tok('GT_', '>'), tok('AMPERSAND_', '&'), BAR,
                     tok('DIVIDE_', '/')],
-    "!a?'b'{c}%`@$;ä": [ident('a'), ident('b'), ident('c')],
+    "a?'b'{c}%`@$;ä": [ident('a'), ident('b'), ident('c')],
+    # What has begun like an exponent or like != is lost up to the first character that differs
+    '1E+x y': [ident('y')],
+    '1.5Exy 2Ex': [ident('y')],
+    '!xy !': [ident('y')],
 }
 
 
