@@ -579,7 +579,7 @@ logical_operand
     ;
 
 further_operand
-    : (chain_in_parentheses)=> chain_in_parentheses
+    : (chain_in_parentheses)=> chain_in_parentheses RIGHT_PAREN!?
     | logical_operand
     ;
 
