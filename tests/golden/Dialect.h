@@ -27,5 +27,6 @@ struct Dialect {
 
 const Dialect& AccessDialect();
 const Dialect& MySQLDialect();
+const Dialect& OracleDialect();
 
 std::vector<const Dialect*> AllDialects();
