@@ -58,10 +58,11 @@ struct Expectation {
 };
 
 // Every word on a line of its own: one token each, with the word as its text.
-inline void ExpectWords(const std::vector<Expectation>& expectations) {
+inline void ExpectWords(const std::vector<Expectation>& expectations,
+                        const QZGrammar& grammar = QZGrammarMSAccessSQL_v3()) {
     std::string text;
     for (const Expectation& expected : expectations) text += expected.word + '\n';
-    const Recognition recognition(Wide(text));
+    const Recognition recognition(Wide(text), grammar);
     const std::vector<QZToken> tokens = recognition.Tokens();
     ASSERT_EQ(tokens.size(), 2 * expectations.size());
     EXPECT_EQ(recognition.LexerErrors(), 0U);
