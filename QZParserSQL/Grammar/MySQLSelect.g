@@ -579,7 +579,7 @@ logical_operand
     ;
 
 further_operand
-    : (chain_in_parentheses)=> chain_in_parentheses
+    : (chain_in_parentheses)=> chain_in_parentheses RIGHT_PAREN!?
     | logical_operand
     ;
 
@@ -684,13 +684,20 @@ factor2
     | expression_list
     | node_table_specification
     | all_sql_query
-    | (znak)=> node_number
+    | (literal_start)=> node_number
     | node_column_specification
     ;
 
-// Guessed only: what a number or a string begins with.
+// Guessed only: what a number or a string begins with, a sign only where the number follows: -5, -(5)
 literal_start
-    : PLUS | MINUS | DIGIT | DOT | NULL_KEYWORD | NOT_NULL_KEYWORD | '\''
+    : DIGIT
+    | DOT
+    | NULL_KEYWORD
+    | NOT_NULL_KEYWORD
+    | '\''
+    | znak LEFT_PAREN? DIGIT
+    | znak DOT DIGIT
+    | znak (NULL_KEYWORD | NOT_NULL_KEYWORD)
     ;
 
 // a, a(+)

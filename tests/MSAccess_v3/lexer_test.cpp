@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/MSAccess_v3/Lexed.h"
 #include "tests/MSAccess_v3/vocabulary.h"
+#include "tests/support/Lexed.h"
 
 namespace {
 

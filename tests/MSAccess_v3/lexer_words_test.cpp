@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cstdint>
 #include <iterator>
 #include <map>
@@ -10,36 +9,17 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/MSAccess_v3/Lexed.h"
 #include "tests/MSAccess_v3/vocabulary.h"
+#include "tests/support/Lexed.h"
 
 namespace {
 
 using vocabulary::Entry;
+using vocabulary::Mixed;
 using vocabulary::TokenOfWord;
+using vocabulary::WithEachLetterTurned;
 
 bool IsWord(std::string_view text) { return text.find('$') == std::string_view::npos; }
-
-char OtherCase(char letter) {
-    const auto unit = static_cast<unsigned char>(letter);
-    return static_cast<char>(std::isupper(unit) != 0 ? std::tolower(unit) : std::toupper(unit));
-}
-
-std::string Mixed(std::string_view word) {
-    std::string mixed = vocabulary::Upper(word);
-    for (std::size_t i = 1; i < mixed.size(); i += 2) mixed[i] = OtherCase(mixed[i]);
-    return mixed;
-}
-
-// The word, and the word with each of its letters in the other case.
-std::vector<std::string> WithEachLetterTurned(const std::string& word) {
-    std::vector<std::string> words{word};
-    for (std::size_t i = 0; i < word.size(); ++i) {
-        words.push_back(word);
-        words.back()[i] = OtherCase(word[i]);
-    }
-    return words;
-}
 
 // Keywords and literal words, the forms with a dollar sign left out.
 std::vector<std::string> AllWords() {

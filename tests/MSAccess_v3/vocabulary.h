@@ -2,28 +2,14 @@
 #pragma once
 
 #include <algorithm>
-#include <cctype>
 #include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "tests/support/Words.h"
+
 namespace vocabulary {
-
-struct Entry {
-    std::string_view token;
-    std::string_view text;
-};
-
-/// The words of a list by blanks.
-inline std::vector<std::string_view> Words(std::string_view list) {
-    std::vector<std::string_view> words;
-    for (std::size_t begin = 0, end = 0; end != std::string_view::npos; begin = end + 1) {
-        end = list.find(' ', begin);
-        words.push_back(list.substr(begin, end - begin));
-    }
-    return words;
-}
 
 // Words that are a token of their own in the case shown only.
 inline const std::vector<std::string_view> kLiteralWords = Words(
@@ -146,18 +132,6 @@ inline const std::vector<std::string_view> kImaginary = Words(
     "NESTED_JOIN NESTED_JOIN_POSTFIX NESTED_JOIN_PREFIX NESTED_JOIN_SERCH NEW_NAME NUMBER_LITERAL NUMBER_literal "
     "OPTION ORDER_BY PARAMETER PREDICATE PROCEDURE PROCNAME QUERY_NAME SEARCH_CONDITION SELECT_LIST SELECT_QUERY "
     "SQL_LITERAL SQL_STRING STYLE TABLE_HINT TABLE_NAME TABLE_SPECIFICATION UNION USER_FUNCTION WHERE_CONDITION");
-
-inline std::string Upper(std::string_view word) {
-    std::string upper(word);
-    std::transform(upper.begin(), upper.end(), upper.begin(), [](unsigned char c) { return std::toupper(c); });
-    return upper;
-}
-
-inline std::string Lower(std::string_view word) {
-    std::string lower(word);
-    std::transform(lower.begin(), lower.end(), lower.begin(), [](unsigned char c) { return std::tolower(c); });
-    return lower;
-}
 
 /// All keywords, in capitals.
 inline std::vector<Entry> Keywords() {

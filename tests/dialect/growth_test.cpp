@@ -1,106 +1,17 @@
-// Time grows no faster than the text: four times the size takes at most six times the processor time, which leaves room
-// for caches that grow too small. Each case names a bound in seconds for the larger size as well.
+// MS Access: time grows no faster than the text.
+#include "tests/dialect/Growth.h"
+
 #include <gtest/gtest.h>
-#include <malloc.h>
 
-#include <algorithm>
-#include <cstdio>
-#include <ctime>
-#include <limits>
 #include <string>
-#include <string_view>
+#include <vector>
 
-#include "tests/dialect/OnStack.h"
 #include "tests/support/Outline.h"
 #include "tests/support/Recognition.h"
 
 namespace {
 
-constexpr std::size_t kFactor = 4;
-constexpr double kMostGrowth = 6;
-
-// start, n times opening, middle, n times closing.
-struct Case {
-    std::string_view name;
-    std::size_t n;
-    double seconds;
-    std::u16string_view start;
-    std::u16string_view opening;
-    std::u16string_view middle;
-    std::u16string_view closing;
-    bool understood = true;  // nothing trails and nothing is reported
-};
-
-std::u16string TextOf(const Case& growth, std::size_t n) {
-    std::u16string text(growth.start);
-    for (std::size_t i = 0; i < n; ++i) text += growth.opening;
-    text += growth.middle;
-    for (std::size_t i = 0; i < n; ++i) text += growth.closing;
-    return text;
-}
-
-double ProcessorSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-// The time of one recognition, taken over enough of them to be measured.
-double SecondsFor(const std::u16string& text) {
-    const double begin = ProcessorSeconds();
-    double passed = 0;
-    int runs = 0;
-    while (passed < 0.01) {
-        const Recognition recognition(text);
-        passed = ProcessorSeconds() - begin;
-        ++runs;
-    }
-    return passed / runs;
-}
-
-void ExpectUnderstood(const Case& growth, const std::u16string& text) {
-    const Recognition recognition(text);
-    const bool clean = QZChildCount(recognition.Root()) == 2 && recognition.Reports().empty();
-    EXPECT_EQ(clean, growth.understood) << growth.name;
-    for (const QZReport& report : recognition.Reports()) {
-        EXPECT_NE(report.kind, QZReportKind::NestedTooDeep) << growth.name;
-    }
-}
-
-void ExpectLinear(const Case& growth) {
-    const std::u16string small = TextOf(growth, growth.n);
-    const std::u16string large = TextOf(growth, growth.n * kFactor);
-    ExpectUnderstood(growth, large);
-    double smallSeconds = 1e9;
-    double largeSeconds = 1e9;
-    for (int i = 0; i < 3; ++i) {
-        smallSeconds = std::min(smallSeconds, SecondsFor(small));
-        largeSeconds = std::min(largeSeconds, SecondsFor(large));
-    }
-    std::printf("%-34.*s %7zu: %8.3f ms   %7zu: %8.3f ms   x%.1f\n", static_cast<int>(growth.name.size()),
-                growth.name.data(), growth.n, smallSeconds * 1e3, growth.n * kFactor, largeSeconds * 1e3,
-                largeSeconds / smallSeconds);
-    EXPECT_LT(largeSeconds, kMostGrowth * smallSeconds) << growth.name;
-    EXPECT_LT(largeSeconds, growth.seconds) << growth.name;
-}
-
-// On a stack that none of the nestings reaches the end of, so that all of a text is worked on.
-template <std::size_t count>
-void ExpectLinear(const Case (&cases)[count]) {
-    RunOnStack(std::size_t{256} << 20, [&] {
-        for (const Case& growth : cases) ExpectLinear(growth);
-    });
-}
-
-// Memory that was used once is kept: asking the system for its pages anew would tell nothing of the work.
-class Growth : public testing::Test {
- protected:
-    static void SetUpTestSuite() {
-        mallopt(M_ARENA_MAX, 1);
-        mallopt(M_MMAP_THRESHOLD, 1 << 30);
-        mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
-    }
-};
+void ExpectLinear(const std::vector<GrowingText>& texts) { ExpectLinear(QZGrammarMSAccessSQL_v3(), texts); }
 
 TEST_F(Growth, OfNestedParenthesesIsLinear) {
     ExpectLinear({
@@ -186,7 +97,7 @@ TEST_F(Growth, OfLongTokensIsLinear) {
 
 TEST_F(Growth, LeavesAMegabyteOfBlanksQuick) {
     const std::u16string text = u"SELECT a" + std::u16string(1000000, u' ') + u"FROM t";
-    EXPECT_LT(SecondsFor(text), 5);
+    EXPECT_LT(SecondsFor(QZGrammarMSAccessSQL_v3(), text), 5);
     EXPECT_EQ(QZChildCount(Recognition(text).Root()), 2U);
 }
 

@@ -17,7 +17,7 @@ struct Dialect {
     std::function<void(CString& text, const std::function<void(CQZSQLTree&)>& use)> parse;
     /// Tokens that some rule takes without keeping them as nodes.
     std::vector<std::string> droppedTokens;
-    /// Words that make a token of their own with the blank behind them, and with no other white space.
+    /// Words that a blank behind them changes, as it makes a token with them, and no other white space does.
     std::vector<std::string> wordsWithBlank;
     /// Nodes that stand over others: those that the grammar makes, and the tokens that become a root.
     std::vector<std::string> innerKinds;
@@ -26,3 +26,7 @@ struct Dialect {
 };
 
 const Dialect& AccessDialect();
+const Dialect& MySQLDialect();
+const Dialect& OracleDialect();
+
+std::vector<const Dialect*> AllDialects();

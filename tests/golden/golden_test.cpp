@@ -54,27 +54,23 @@ CaseFile CorpusFileAt(const Dialect& dialect, const fs::path& query) {
     return {dialect, path, {golden}, [](const std::vector<GoldenCase>& cases) { return FormatTree(cases.front()); }};
 }
 
-std::vector<CaseFile> ReadGoldens() {
-    const Dialect& dialect = AccessDialect();
-    std::vector<CaseFile> files;
-    for (const fs::path& path : FilesIn(Tests("golden", dialect), ".txt")) files.push_back(GoldenFileAt(dialect, path));
-    return files;
-}
+using ReadCaseFile = CaseFile (*)(const Dialect&, const fs::path&);
 
-std::vector<CaseFile> ReadCorpus() {
-    const Dialect& dialect = AccessDialect();
+std::vector<CaseFile> ReadAll(const char* folder, const std::string& extension, ReadCaseFile read) {
     std::vector<CaseFile> files;
-    for (const fs::path& path : FilesIn(Tests("corpus", dialect), ".sql")) files.push_back(CorpusFileAt(dialect, path));
+    for (const Dialect* dialect : AllDialects()) {
+        for (const fs::path& path : FilesIn(Tests(folder, *dialect), extension)) files.push_back(read(*dialect, path));
+    }
     return files;
 }
 
 std::vector<CaseFile>& Goldens() {
-    static std::vector<CaseFile> files = ReadGoldens();
+    static std::vector<CaseFile> files = ReadAll("golden", ".txt", GoldenFileAt);
     return files;
 }
 
 std::vector<CaseFile>& Corpus() {
-    static std::vector<CaseFile> files = ReadCorpus();
+    static std::vector<CaseFile> files = ReadAll("corpus", ".sql", CorpusFileAt);
     return files;
 }
 
@@ -129,8 +125,8 @@ struct CaseId {
     const CaseFile& File() const { return files()[file]; }
     const GoldenCase& Case() const { return File().cases[index]; }
     std::string Name() const {
-        const std::string stem = File().path.stem().string();
-        return stem == Case().title ? stem : stem + '/' + Case().title;
+        const std::string name = File().dialect.folder + '/' + File().path.stem().string();
+        return File().path.extension() == ".tree" ? name : name + '/' + Case().title;
     }
 };
 
@@ -175,6 +171,7 @@ INSTANTIATE_TEST_SUITE_P(Corpus, Golden, testing::ValuesIn(AllCases(Corpus)), Te
 std::set<std::string> InnerKindsShown(const Dialect& dialect) {
     std::set<std::string> names;
     for (const CaseId& id : AllCases(Goldens)) {
+        if (&id.File().dialect != &dialect) continue;
         const Recognition recognition(FromUtf8(id.Case().sql), dialect.grammar);
         for (const TreeLine& line : TreeLines(recognition.Root())) {
             const QZNodeKind kind = QZKindOf(line.node);
@@ -194,8 +191,10 @@ std::vector<std::string> Without(const std::set<std::string>& all, const std::se
     return rest;
 }
 
-TEST(GoldenCoverage, EveryKindOfInnerNodeIsShownAndNoOther) {
-    const Dialect& dialect = AccessDialect();
+class GoldenCoverage : public testing::TestWithParam<const Dialect*> {};
+
+TEST_P(GoldenCoverage, EveryKindOfInnerNodeIsShownAndNoOther) {
+    const Dialect& dialect = *GetParam();
     const std::set<std::string> known(dialect.innerKinds.begin(), dialect.innerKinds.end());
     const std::set<std::string> shown = InnerKindsShown(dialect);
     EXPECT_EQ(Without(known, shown), std::vector<std::string>()) << "no golden tree shows it";
@@ -211,18 +210,22 @@ std::set<std::string> Vocabulary(const QZGrammar& grammar) {
     return names;
 }
 
-TEST(GoldenCoverage, TheVocabularyHasEveryNameOfTheLists) {
-    const Dialect& dialect = AccessDialect();
+TEST_P(GoldenCoverage, TheVocabularyHasEveryNameOfTheLists) {
+    const Dialect& dialect = *GetParam();
     const std::set<std::string> vocabulary = Vocabulary(dialect.grammar);
     for (const auto* list : {&dialect.droppedTokens, &dialect.innerKinds, &dialect.kindsNeverMade}) {
         for (const std::string& name : *list) EXPECT_EQ(vocabulary.count(name), 1U) << name;
     }
 }
 
-TEST(GoldenCoverage, NoKindIsBothMadeAndNeverMade) {
-    const Dialect& dialect = AccessDialect();
+TEST_P(GoldenCoverage, NoKindIsBothMadeAndNeverMade) {
+    const Dialect& dialect = *GetParam();
     const std::set<std::string> shown = InnerKindsShown(dialect);
     for (const std::string& name : dialect.kindsNeverMade) EXPECT_EQ(shown.count(name), 0U) << name;
 }
+
+std::string FolderOf(const testing::TestParamInfo<const Dialect*>& dialect) { return dialect.param->folder; }
+
+INSTANTIATE_TEST_SUITE_P(Dialects, GoldenCoverage, testing::ValuesIn(AllDialects()), FolderOf);
 
 }  // namespace

@@ -37,16 +37,24 @@ void ExpectLeavesInTextOrder(const QZNode* root) {
     }
 }
 
-/// The text with each hidden token exchanged for `space`.
+/// The text with each white space between tokens exchanged for `space`.
 std::u16string Respaced(const Recognition& recognition, std::u16string_view space) {
     std::u16string text;
-    std::size_t copied = 0;
+    std::size_t next = 0;
+    const auto respaceUpTo = [&](std::size_t end) {
+        for (; next < end; ++next) {
+            const std::u16string_view unit(&recognition.Text()[next], 1);
+            text += IsWhiteSpace(unit) ? space : unit;
+        }
+    };
     for (const QZToken& token : recognition.Tokens()) {
-        if (!token.hidden) continue;
-        text.append(recognition.Text(), copied, token.position.offset - copied).append(space);
-        copied = token.position.offset + token.text.size();
+        if (token.hidden) continue;
+        respaceUpTo(token.position.offset);
+        text += token.text;
+        next += token.text.size();
     }
-    return text.append(recognition.Text(), copied);
+    respaceUpTo(recognition.Text().size());
+    return text;
 }
 
 bool HasWordWithBlank(const Dialect& dialect, const Recognition& recognition) {

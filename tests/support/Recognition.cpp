@@ -15,7 +15,7 @@ void Keep(void* reports, const QZReport& report) { static_cast<std::vector<QZRep
 Recognition::Recognition(std::u16string text, const QZGrammar& grammar)
     : m_Text(std::move(text)),
       m_Grammar(grammar),
-      m_Reporter{Keep, &m_Reports},
+      m_Reporter{Keep, &m_Reports, [](void*, std::u16string_view dropped) { return IsWhiteSpace(dropped); }},
       m_Input(antlr3NewUCS2StringInPlaceStream(m_Text.data(), static_cast<std::uint32_t>(m_Text.size()), nullptr)),
       m_Lexer(QZNewLexer(grammar, m_Input)),
       m_Tokens(QZNewTokenStream(m_Lexer)),
@@ -43,6 +43,10 @@ std::vector<QZReport> Recognition::ParserReports() const {
     std::copy_if(m_Reports.begin(), m_Reports.end(), std::back_inserter(reports),
                  [](const QZReport& report) { return report.phase == QZPhase::Parser; });
     return reports;
+}
+
+bool IsWhiteSpace(std::u16string_view unit) {
+    return unit.size() == 1 && std::u16string_view(u" \t\r\n").find(unit) != std::u16string_view::npos;
 }
 
 std::u16string FromUtf8(std::string_view text) { return std::u16string(CString::FromUtf8(text).View()); }

@@ -19,7 +19,7 @@ class Recognition {
     const QZNode* Root() const { return m_Root; }
     /// Hidden tokens included, the end of the text not.
     std::vector<QZToken> Tokens() const;
-    /// Of lexer and parser, in the order in which they came.
+    /// Of lexer and parser, in the order in which they came, but none of white space that a lexer drops.
     const std::vector<QZReport>& Reports() const { return m_Reports; }
     /// Those of the parser alone.
     std::vector<QZReport> ParserReports() const;
@@ -37,6 +37,9 @@ class Recognition {
     void* m_Parser;
     const QZNode* m_Root;
 };
+
+/// A blank, a tab or half a line end.
+bool IsWhiteSpace(std::u16string_view unit);
 
 std::u16string FromUtf8(std::string_view text);
 /// Lone surrogates become U+FFFD.

@@ -1,4 +1,4 @@
-// What the lexer makes of a text, for its tests.
+// What a lexer makes of a text, for its tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -39,13 +39,16 @@ struct Row {
     std::string_view types;
 };
 
+/// Whether some characters of a text make no token.
+enum class Losses { None, Some };
+
 template <class Rows>
-void ExpectTypes(const Rows& rows) {
+void ExpectTypes(const Rows& rows, const QZGrammar& grammar = QZGrammarMSAccessSQL_v3(), Losses losses = Losses::None) {
     for (const Row& row : rows) {
         SCOPED_TRACE(ToUtf8(row.text));
-        const Recognition recognition{std::u16string(row.text)};
+        const Recognition recognition(std::u16string(row.text), grammar);
         EXPECT_EQ(Types(recognition), row.types);
-        EXPECT_EQ(recognition.LexerErrors(), 0U);
+        EXPECT_EQ(recognition.LexerErrors() > 0, losses == Losses::Some);
     }
 }
 
@@ -55,10 +58,11 @@ struct Expectation {
 };
 
 // Every word on a line of its own: one token each, with the word as its text.
-inline void ExpectWords(const std::vector<Expectation>& expectations) {
+inline void ExpectWords(const std::vector<Expectation>& expectations,
+                        const QZGrammar& grammar = QZGrammarMSAccessSQL_v3()) {
     std::string text;
     for (const Expectation& expected : expectations) text += expected.word + '\n';
-    const Recognition recognition(Wide(text));
+    const Recognition recognition(Wide(text), grammar);
     const std::vector<QZToken> tokens = recognition.Tokens();
     ASSERT_EQ(tokens.size(), 2 * expectations.size());
     EXPECT_EQ(recognition.LexerErrors(), 0U);

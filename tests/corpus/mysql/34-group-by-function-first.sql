@@ -1,0 +1,1 @@
+SELECT YEAR(d), AVG(v) FROM measures GROUP BY YEAR(d) ORDER BY YEAR(d)

@@ -1,0 +1,1 @@
+SELECT year, SUM(profit) FROM sales GROUP BY year WITH ROLLUP

@@ -1,0 +1,1 @@
+SELECT o.*, c.name FROM orders o, customers c WHERE o.customer_id = c.id

@@ -1,0 +1,3 @@
+SELECT CAST(price AS DECIMAL(10, 2)) AS p, CONVERT(CHAR(20), code) AS c, CAST(flag AS INTEGER)
+FROM items
+WHERE IFNULL(qty, 0) > 0

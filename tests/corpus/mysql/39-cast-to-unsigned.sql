@@ -1,0 +1,1 @@
+SELECT CAST(code AS UNSIGNED) AS n FROM items

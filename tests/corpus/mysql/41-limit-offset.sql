@@ -1,0 +1,1 @@
+SELECT id, title FROM posts WHERE deleted = 0 ORDER BY id DESC LIMIT 10 OFFSET 30

@@ -1,0 +1,1 @@
+SELECT id FROM jobs WHERE owner = @me AND @level >= min_level

@@ -1,0 +1,1 @@
+SELECT id FROM users USE INDEX (idx_name) WHERE name = 'x'

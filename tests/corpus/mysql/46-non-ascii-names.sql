@@ -1,0 +1,1 @@
+SELECT `Größe`, Straße, `имя` FROM Artikel WHERE Größe > 10

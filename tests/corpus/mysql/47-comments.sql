@@ -1,0 +1,3 @@
+SELECT id, -- the key
+name /* of the user */
+FROM users # all of them

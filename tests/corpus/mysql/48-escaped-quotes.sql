@@ -1,0 +1,1 @@
+SELECT id FROM books WHERE title = 'Gulliver''s' AND author = 'O\'Hara'

@@ -1,0 +1,1 @@
+SELECT a.balance FROM accounts a WHERE a.account_no = :acct FOR UPDATE NOWAIT

@@ -1,0 +1,1 @@
+SELECT /*+ INDEX(e emp_ix) */ e.emp_no FROM employees e

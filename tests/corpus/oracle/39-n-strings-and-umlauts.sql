@@ -1,0 +1,1 @@
+SELECT "Größe", "Straße" || ', ' || "Ort" AS "Anschrift" FROM "Läger" WHERE "Ort" LIKE 'Kö%'

@@ -1,0 +1,3 @@
+#include "tests/golden/Dialect.h"
+
+std::vector<const Dialect*> AllDialects() { return {&AccessDialect(), &MySQLDialect(), &OracleDialect()}; }
