@@ -21,7 +21,7 @@ std::vector<std::string> DroppedTokens() {
             "HAVING_KEYWORD", "LIMIT_KEYWORD", "COMPUTE_KEYWORD", "FOR_KEYWORD", "OPTION_KEYWORD", "UNION_KEYWORD",
             "WITH_KEYWORD", "LITERAL_AS",
             // separators, parentheses and marks, where the tree tells the same
-            "COMMA", "DOT", "LEFT_PAREN", "RIGHT_PAREN", "LEFT_BRACE", "RIGHT_BRACE", "MY_ONE_QUOTE", "'\\''"};
+            "COMMA", "DOT", "LEFT_PAREN", "RIGHT_PAREN", "LEFT_BRACE", "RIGHT_BRACE", "MY_ONE_QUOTE", "'''"};
 }
 
 std::vector<std::string> InnerKinds() {
