@@ -1,7 +1,7 @@
 #include "QZParserSQL/MSAccess_v3/MSAccessSQL_v3StateSelectQuery.h"
 
-#include <algorithm>
 #include <deque>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -216,13 +216,34 @@ bool MSAccessSQL_v3StateSelectQuery::NamesAlias(const SelectItemField& field) co
            IsAlias(field.GetFieldName(), NameOf::Column);
 }
 
-bool MSAccessSQL_v3StateSelectQuery::NamesAnyAlias(const SelectItem& item) const {
-    bool found = false;
-    ForEachItem(item, [this, &found](const SelectItem& place) {
-        const auto* field = dynamic_cast<const SelectItemField*>(&place);
-        found = found || (field != nullptr && NamesAlias(*field));
-    });
-    return found;
+// Calls visit(field) for each field below an item that names an alias, but not within the expansion of that alias.
+template <class Item, class Visit>
+void MSAccessSQL_v3StateSelectQuery::ForEachReference(Item& item, const CString& strAlias, Visit visit) const {
+    struct Expansion {
+        CString alias;
+        const Expansion* outer;
+        int depth;
+
+        bool IsWithin(const CString& name) const {
+            const Expansion* expansion = this;
+            while (expansion != nullptr && expansion->alias.CompareNoCase(name) != 0) expansion = expansion->outer;
+            return expansion != nullptr;
+        }
+    };
+    std::deque<Expansion> expansions = {{strAlias, nullptr, 1}};
+    std::vector<std::pair<Item*, const Expansion*>> waiting = {{&item, &expansions.front()}};
+    while (!waiting.empty()) {
+        auto [place, within] = waiting.back();
+        waiting.pop_back();
+        using Field = std::conditional_t<std::is_const_v<Item>, const SelectItemField, SelectItemField>;
+        if (auto* field = dynamic_cast<Field*>(place)) {
+            const bool names = within->depth < kDeepestExpansion && NamesAlias(*field);
+            if (names && !within->IsWithin(field->GetFieldName())) visit(*field);
+            if (field->ItemKind == SelectItem::kAliasReference)
+                within = &expansions.emplace_back(Expansion{field->GetFieldAlias(), within, within->depth + 1});
+        }
+        for (SelectItem* child : place->Children) waiting.emplace_back(child, within);
+    }
 }
 
 // The item gets a clone of what the alias stands for, in which references to aliases are expanded too.
@@ -231,7 +252,9 @@ void MSAccessSQL_v3StateSelectQuery::ExpandAlias(SelectItemField& item, const CS
     if (first == nullptr) return;
     const auto* field = dynamic_cast<const SelectItemField*>(first);
     const bool ofAlias = field != nullptr && IsAlias(field->GetTableName(), NameOf::Table);
-    if (ofAlias || NamesAnyAlias(*first)) {
+    bool toFix = ofAlias;
+    ForEachReference(*first, strName, [&toFix](const SelectItemField& /*reference*/) { toFix = true; });
+    if (toFix) {
         CQZAliasInfo* alias = m_pQuery->m_mapAliases[CString(strName).MakeLower()];
         SelectItem* own = alias->Expression->Children.GetHead();
         FixAliasField(*own, strName);
@@ -258,40 +281,16 @@ void MSAccessSQL_v3StateSelectQuery::AddClone(const SelectItem& expression, Sele
 }
 
 // Fields below an item that name aliases become references to them, each with a clone of what its alias stands for,
-// and so on in the clones. An alias is not expanded within its own expansion.
+// and so on in the clones.
 void MSAccessSQL_v3StateSelectQuery::FixAliasField(SelectItem& item, const CString& strAlias) {
-    struct Expansion {
-        CString alias;
-        const Expansion* outer;
-        int depth;
-
-        bool IsWithin(const CString& name) const {
-            const Expansion* expansion = this;
-            while (expansion != nullptr && expansion->alias.CompareNoCase(name) != 0) expansion = expansion->outer;
-            return expansion != nullptr;
-        }
-    };
-    std::deque<Expansion> expansions = {{strAlias, nullptr, 1}};
-    std::vector<std::pair<SelectItem*, const Expansion*>> waiting = {{&item, &expansions.front()}};
-    while (!waiting.empty()) {
-        auto [place, within] = waiting.back();
-        waiting.pop_back();
-        if (auto* field = dynamic_cast<SelectItemField*>(place)) {
-            const bool names = NamesAlias(*field) && within->depth < kDeepestExpansion;
-            if (names && !within->IsWithin(field->GetFieldName())) TurnRound(*field);
-            if (field->ItemKind == SelectItem::kAliasReference)
-                within = &expansions.emplace_back(Expansion{field->GetFieldAlias(), within, within->depth + 1});
-        }
-        for (SelectItem* child : place->Children) waiting.emplace_back(child, within);
-    }
+    ForEachReference(item, strAlias, [this](SelectItemField& field) { TurnRound(field); });
 }
 
-bool MSAccessSQL_v3StateSelectQuery::TurnRound(SelectItemField& field) {
-    if (m_nExpandedItems >= kMostExpandedItems) return false;
+void MSAccessSQL_v3StateSelectQuery::TurnRound(SelectItemField& field) {
+    if (m_nExpandedItems >= kMostExpandedItems) return;
     const CString name = field.GetFieldName();
     field.SetFieldName({});
     field.SetFieldAlias(name);
     field.ItemKind = SelectItem::kAliasReference;
     if (const SelectItem* expression = ExpressionOf(name)) AddClone(*expression, field);
-    return true;
 }

@@ -40,10 +40,11 @@ class MSAccessSQL_v3StateSelectQuery final : public StateSelectQuery {
 
     void ExpandAlias(SelectItemField& item, const CString& strName);
     void FixAliasField(SelectItem& item, const CString& strAlias);
-    bool TurnRound(SelectItemField& field);
+    void TurnRound(SelectItemField& field);
+    template <class Item, class Visit>
+    void ForEachReference(Item& item, const CString& strAlias, Visit visit) const;
     const SelectItem* ExpressionOf(const CString& strAlias) const;
     bool NamesAlias(const SelectItemField& field) const;
-    bool NamesAnyAlias(const SelectItem& item) const;
     void AddClone(const SelectItem& expression, SelectItemField& item);
 
     int m_nExpandedItems = 0;
