@@ -5,12 +5,17 @@
 #include <algorithm>
 #include <exception>
 #include <iterator>
+#include <memory>
+#include <optional>
 #include <stdexcept>
 
+#include "host/catalog_models.h"
 #include "host/check.h"
 #include "host/dialects.h"
 #include "host/file.h"
 #include "host/json_record.h"
+#include "host/model.h"
+#include "host/model_json.h"
 #include "host/output.h"
 #include "host/progress.h"
 #include "host/token_formats.h"
@@ -21,33 +26,47 @@ namespace qzsql {
 
 namespace {
 
-void AppendTokens(std::string& out, Recognition& recognition, const Verdict&, std::string_view) {
+/// What an answer is made of.
+struct Subject {
+    Recognition& recognition;
+    const Verdict& verdict;
+    std::string_view name;
+    const QueryModel* model;  // where the emission is of models
+};
+
+void AppendTokens(std::string& out, const Subject& subject) {
     out += '[';
-    for (const auto& token : recognition.Tokens()) {
+    for (const auto& token : subject.recognition.Tokens()) {
         if (out.back() != '[') out += ',';
-        AppendJson(out, TokenLine(recognition.Grammar(), token));
+        AppendJson(out, TokenLine(subject.recognition.Grammar(), token));
     }
     out += ']';
 }
 
-void AppendTree(std::string& out, Recognition& recognition, const Verdict&, std::string_view) {
-    AppendJson(out, TreeAsSexpr({recognition.Grammar(), recognition.Tree()}));
+void AppendTree(std::string& out, const Subject& subject) {
+    AppendJson(out, TreeAsSexpr({subject.recognition.Grammar(), subject.recognition.Tree()}));
 }
 
-void AppendCheck(std::string& out, Recognition&, const Verdict& verdict, std::string_view name) {
-    out += VerdictAsJson(verdict, name);
+void AppendCheck(std::string& out, const Subject& subject) { out += VerdictAsJson(subject.verdict, subject.name); }
+
+void AppendModel(std::string& out, const Subject& subject) {
+    const auto tell = [&subject](std::string_view what) { Tell(fmt::format("qzsql: {}: {}\n", subject.name, what)); };
+    if (!AppendModelJson(out, subject.model->Shown())) tell(kShownModelIsCut);
+    if (!subject.model->Outcome().isWhole) tell(kModelIsCut);
 }
 
 struct Emission {
     std::string_view name;
-    void (*append)(std::string& out, Recognition& recognition, const Verdict& verdict, std::string_view name);
+    void (*append)(std::string& out, const Subject& subject);
     bool failsUnlessClean;
+    bool isOfModels;
 };
 
 constexpr Emission kEmissions[] = {
-    {"tokens", AppendTokens, false},
-    {"tree", AppendTree, false},
-    {"check", AppendCheck, true},
+    {"tokens", AppendTokens, false, false},
+    {"tree", AppendTree, false, false},
+    {"check", AppendCheck, true, false},
+    {"model", AppendModel, false, true},
 };
 
 const Emission& FindEmission(std::string_view name) {
@@ -55,27 +74,34 @@ const Emission& FindEmission(std::string_view name) {
                          [name](const Emission& emission) { return emission.name == name; });
 }
 
-const QZGrammar& GrammarOf(const Record& record, const BatchRequest& request) {
+const Dialect& DialectOf(const Record& record, const BatchRequest& request) {
     const auto& name = record.dialect ? *record.dialect : request.dialect;
     if (name.empty()) throw std::runtime_error("no \"dialect\", and no -d");
     const auto* dialect = FindDialect(name);
     if (dialect == nullptr) throw std::runtime_error(UnknownDialect(name));
-    return dialect->grammar();
+    return *dialect;
 }
 
-bool IsFailure(const Emission& emission, const Verdict& verdict) {
+bool IsFailure(const Emission& emission, const Subject& subject) {
+    const auto* model = subject.model;
+    if (model != nullptr && (model->Outcome().isNestedTooDeep || !model->Outcome().isWhole)) return true;
+    const auto& verdict = subject.verdict;
     return IsNestedTooDeep(verdict.reports) || (emission.failsUnlessClean && verdict.status != Status::Clean);
 }
 
-Answer Recognized(const BatchRequest& request, const Record& record, std::string_view name) {
+Answer Recognized(const BatchRequest& request, const Record& record, std::string_view name, CatalogModels* catalog) {
     if (!record.error.empty()) throw std::runtime_error(record.error);
     const auto& emission = FindEmission(request.emission);
-    Recognition recognition(GrammarOf(record, request), *record.sql);
+    const auto& dialect = DialectOf(record, request);
+    std::optional<QueryModel> model;
+    if (emission.isOfModels) model.emplace(dialect, *record.sql, ModelContext{catalog, request.resolves});
+    Recognition recognition(dialect.grammar(), model ? model->ReadText().View() : *record.sql);
     const auto verdict = Judge(recognition);
+    const Subject subject{recognition, verdict, name, model ? &*model : nullptr};
     auto text = fmt::format(R"({{"id":{},"status":"{}","{}":)", record.id, NameOf(verdict.status), emission.name);
-    emission.append(text, recognition, verdict, name);
+    emission.append(text, subject);
     text += '}';
-    return {std::move(text), IsFailure(emission, verdict) ? kNotClean : kDone};
+    return {std::move(text), IsFailure(emission, subject) ? kNotClean : kDone};
 }
 
 Answer Failed(const Record& record, std::size_t lineNumber, std::string_view what) {
@@ -114,6 +140,13 @@ ExitCode AddFile(const std::string& name, OrderedPool& pool) {
     }
 }
 
+std::unique_ptr<CatalogModelsPool> LoadModels(const BatchRequest& request) {
+    if (request.catalog.empty()) return nullptr;
+    auto catalogs = std::make_unique<CatalogModelsPool>(request.catalog);
+    for (const auto& note : catalogs->Notes()) Tell(fmt::format("qzsql: {}: {}\n", request.catalog, note));
+    return catalogs;
+}
+
 }  // namespace
 
 std::vector<std::string> EmissionNames() {
@@ -122,17 +155,27 @@ std::vector<std::string> EmissionNames() {
     return names;
 }
 
-Answer AnswerLine(const BatchRequest& request, const Line& line) {
+std::string WrongRequest(const BatchRequest& request) {
+    const bool isForModels = !request.catalog.empty() || request.resolves;
+    if (!isForModels || FindEmission(request.emission).isOfModels) return {};
+    return "--catalog and --resolve go with --emit model";
+}
+
+Answer AnswerLine(const BatchRequest& request, const Line& line, CatalogModelsPool* catalogs) {
     Record record;
     try {
         record = ReadRecord(line.text);
-        return Recognized(request, record, fmt::format("{}:{}", request.file, line.number));
+        const auto name = fmt::format("{}:{}", request.file, line.number);
+        if (catalogs == nullptr) return Recognized(request, record, name, nullptr);
+        const CatalogModelsPool::Lease catalog(*catalogs);
+        return Recognized(request, record, name, &*catalog);
     } catch (const std::exception& error) {
         return Failed(record, line.number, error.what());
     }
 }
 
 ExitCode RunBatch(const BatchRequest& request) {
+    const auto catalogs = LoadModels(request);
     ExitCode worst = kDone;
     Output output;
     Progress progress;
@@ -146,7 +189,7 @@ ExitCode RunBatch(const BatchRequest& request) {
         progress.Show();
     };
     OrderedPool pool(
-        request.threads, [&request](const Line& line) { return AnswerLine(request, line); }, write);
+        request.threads, [&](const Line& line) { return AnswerLine(request, line, catalogs.get()); }, write);
     const auto reading = AddFile(request.file, pool);
     pool.Finish();
     return std::max(worst, reading);

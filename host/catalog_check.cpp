@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <map>
 #include <set>
 
 #include "host/query_build.h"
@@ -23,7 +22,7 @@ class Check {
     CatalogFindings Run() {
         CheckTables();
         for (auto* query : queries_) sources_.push_back(SourcesOf(*query));
-        const auto rings = FindRings(FollowSources());
+        const auto rings = FindRings(FollowSources(database_, sources_));
         for (const auto& ring : rings.rings) TellRing(ring);
         for (std::size_t i = 0; i < queries_.size(); ++i) {
             if (!rings.leadsToRing[i]) BuildForCheck(*queries_[i], sources_[i]);
@@ -76,25 +75,8 @@ class Check {
         return sources.names;
     }
 
-    /// A table wins over a query of the same name.
-    Readings FollowSources() const {
-        std::map<const CatalogQuery*, std::size_t> numbers;
-        for (std::size_t i = 0; i < queries_.size(); ++i) numbers.emplace(queries_[i], i);
-        Readings readings(queries_.size());
-        for (std::size_t i = 0; i < queries_.size(); ++i) {
-            for (const auto& name : sources_[i]) {
-                const auto* read = database_.FindTable(name) != nullptr ? nullptr : database_.FindQuery(name);
-                if (read != nullptr) readings[i].push_back(numbers.at(read));
-            }
-        }
-        return readings;
-    }
-
     void TellRing(const std::vector<std::size_t>& ring) {
-        std::string path;
-        for (const auto query : ring) path += NameOf(*queries_[query]) + " -> ";
-        const auto& first = *queries_[ring.front()];
-        Fault(first, fmt::format("reads itself in a ring of queries: {}{}", path, NameOf(first)));
+        Fault(*queries_[ring.front()], "reads itself in a ring of queries: " + RingPath(database_, ring));
     }
 
     void CheckQuery(std::size_t number) {

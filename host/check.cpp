@@ -43,8 +43,7 @@ std::string ReportAsText(const QZReport& report, std::u16string_view text) {
 }
 
 std::string TrailingAsText(const Trailing& trailing, std::u16string_view text) {
-    return fmt::format("{}:{}: not understood from here on: {}, {}\n{}", trailing.from.line, trailing.from.column,
-                       Counted(trailing.count, "token"), Counted(trailing.text.size(), "character"),
+    return fmt::format("{}:{}: {}\n{}", trailing.from.line, trailing.from.column, TrailingMessage(trailing),
                        CaretLines(text, trailing.from.offset));
 }
 
@@ -88,6 +87,11 @@ Verdict Judge(Recognition& recognition) {
     Verdict verdict{Status::Clean, TrailingOf(root, recognition.Text()), recognition.Reports()};
     verdict.status = StatusOf(verdict, root);
     return verdict;
+}
+
+std::string TrailingMessage(const Trailing& trailing) {
+    return fmt::format("not understood from here on: {}, {}", Counted(trailing.count, "token"),
+                       Counted(trailing.text.size(), "character"));
 }
 
 std::string VerdictAsText(const Verdict& verdict, std::u16string_view text) {

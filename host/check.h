@@ -35,6 +35,9 @@ Verdict Judge(Recognition& recognition);
 bool IsError(const QZReport& report);
 bool IsNestedTooDeep(const std::vector<QZReport>& reports);
 
+/// "not understood from here on: 2 tokens, 5 characters"
+std::string TrailingMessage(const Trailing& trailing);
+
 /// The status on a line of its own, then what led to it with line, column and a caret.
 std::string VerdictAsText(const Verdict& verdict, std::u16string_view text);
 /// One object, without a newline.

@@ -4,8 +4,13 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 
+#include "host/catalog_models.h"
 #include "host/check.h"
+#include "host/model.h"
+#include "host/model_json.h"
+#include "host/model_text.h"
 #include "host/output.h"
 #include "host/picture.h"
 #include "host/recognition.h"
@@ -17,29 +22,37 @@ namespace qzsql {
 
 namespace {
 
+/// What results are made with besides the input.
+struct Means {
+    const Dialect& dialect;
+    ModelContext models;
+};
+
 struct Result {
     std::string text;
     ExitCode code = kDone;
 };
 
+void TellAt(const std::string& name, const QZPosition& position, std::string_view message) {
+    Tell(fmt::format("{}:{}:{}: {}\n", name, position.line, position.column, message));
+}
+
 void TellReports(const std::string& name, const Recognition& recognition) {
-    for (const auto& report : recognition.Reports()) {
-        Tell(fmt::format("{}:{}:{}: {}\n", name, report.position.line, report.position.column, report.message));
-    }
+    for (const auto& report : recognition.Reports()) TellAt(name, report.position, report.message);
 }
 
 template <std::string (*format)(const QZGrammar&, const std::vector<QZToken>&)>
-Result ShowTokens(const QZGrammar& grammar, const Input& input) {
-    Recognition recognition(grammar, input.text);
-    Result result{format(grammar, recognition.Tokens())};
+Result ShowTokens(const Means& means, const Input& input) {
+    Recognition recognition(means.dialect.grammar(), input.text);
+    Result result{format(recognition.Grammar(), recognition.Tokens())};
     TellReports(input.name, recognition);
     return result;
 }
 
 template <Result (*format)(const Tree&, const std::string& name)>
-Result ShowTree(const QZGrammar& grammar, const Input& input) {
-    Recognition recognition(grammar, input.text);
-    auto result = format({grammar, recognition.Tree()}, input.name);
+Result ShowTree(const Means& means, const Input& input) {
+    Recognition recognition(means.dialect.grammar(), input.text);
+    auto result = format({recognition.Grammar(), recognition.Tree()}, input.name);
     TellReports(input.name, recognition);
     if (IsNestedTooDeep(recognition.Reports())) result.code = std::max(result.code, kNotClean);
     return result;
@@ -64,16 +77,43 @@ std::string VerdictJson(const Verdict& verdict, const Input& input) {
 }
 
 template <std::string (*format)(const Verdict&, const Input&)>
-Result ShowCheck(const QZGrammar& grammar, const Input& input) {
-    Recognition recognition(grammar, input.text);
+Result ShowCheck(const Means& means, const Input& input) {
+    Recognition recognition(means.dialect.grammar(), input.text);
     const auto verdict = Judge(recognition);
     return {format(verdict, input), verdict.status == Status::Clean ? kDone : kNotClean};
+}
+
+/// A model doesn't show what was not understood.
+void TellVerdict(const std::string& name, const Recognition& recognition, const Verdict& verdict) {
+    TellReports(name, recognition);
+    if (verdict.trailing) TellAt(name, verdict.trailing->from, TrailingMessage(*verdict.trailing));
+}
+
+template <bool (*append)(std::string& out, const Model& model)>
+Result ShowModel(const Means& means, const Input& input) {
+    const QueryModel model(means.dialect, input.text, means.models);
+    Recognition recognition(means.dialect.grammar(), model.ReadText());
+    const auto verdict = Judge(recognition);
+    TellVerdict(input.name, recognition, verdict);
+    Result result;
+    if (!append(result.text, model.Shown())) Tell(fmt::format("qzsql: {}: {}\n", input.name, kShownModelIsCut));
+    const auto& outcome = model.Outcome();
+    if (!outcome.isWhole) Tell(fmt::format("qzsql: {}: {}\n", input.name, kModelIsCut));
+    const bool isTooDeep = outcome.isNestedTooDeep || IsNestedTooDeep(verdict.reports);
+    if (isTooDeep || !outcome.isWhole) result.code = kNotClean;
+    return result;
+}
+
+bool AppendModelLine(std::string& out, const Model& model) {
+    const bool isWhole = AppendModelJson(out, model);
+    out += '\n';
+    return isWhole;
 }
 
 struct View {
     std::string_view command;
     std::string_view format;
-    Result (*show)(const QZGrammar& grammar, const Input& input);
+    Result (*show)(const Means& means, const Input& input);
     bool isHeaded;  // several inputs are told apart by a line == NAME
     bool isSingle;  // there is no way to put several inputs one behind the other
 };
@@ -88,12 +128,21 @@ constexpr View kViews[] = {
     {"tree", "svg", ShowTree<Svg>, false, true},
     {"check", "text", ShowCheck<VerdictText>, true, false},
     {"check", "json", ShowCheck<VerdictJson>, false, false},
+    {"model", "text", ShowModel<AppendModelText>, true, false},
+    {"model", "json", ShowModel<AppendModelLine>, false, false},
 };
 
 const View& ViewOf(const Request& request) {
     return *std::find_if(std::begin(kViews), std::end(kViews), [&request](const View& view) {
         return view.command == request.command && view.format == request.format;
     });
+}
+
+std::unique_ptr<CatalogModels> LoadModels(const Request& request) {
+    if (request.catalog.empty()) return nullptr;
+    auto models = std::make_unique<CatalogModels>(request.catalog);
+    for (const auto& note : models->Notes()) Tell(fmt::format("qzsql: {}: {}\n", request.catalog, note));
+    return models;
 }
 
 }  // namespace
@@ -111,15 +160,18 @@ std::string WrongInputs(const Request& request) {
     if (inputs.Count() == 0) return "no input: give -e SQL, a FILE, or - for standard input";
     if (std::count(inputs.files.begin(), inputs.files.end(), "-") > 1) return "standard input can be read only once";
     if (inputs.Count() > 1 && ViewOf(request).isSingle) return fmt::format("-f {} takes one input", request.format);
+    if (request.command == "model" && !HasModels(*request.dialect)) return NoModels(*request.dialect);
     return {};
 }
 
 ExitCode RunCommand(const Request& request) {
     const auto& view = ViewOf(request);
     const bool isHeaded = view.isHeaded && request.inputs.Count() > 1;
+    const auto catalog = LoadModels(request);
+    const Means means{*request.dialect, {catalog.get(), request.resolves}};
     Output output;
     return ForEachInput(request.inputs, [&](const Input& input) {
-        const auto result = view.show(request.dialect->grammar(), input);
+        const auto result = view.show(means, input);
         if (isHeaded) output.Write(fmt::format("== {}\n", input.name));
         output.Write(result.text);
         output.Flush();

@@ -20,6 +20,8 @@ struct Request {
     std::string format = "text";
     const Dialect* dialect = nullptr;
     InputNames inputs;
+    std::string catalog;    // of models: a store, or empty
+    bool resolves = false;  // of models
 };
 
 /// The formats of a command.

@@ -10,8 +10,11 @@ namespace qzsql {
 namespace {
 
 constexpr Dialect kDialects[] = {
-    {"access", QZGrammarMSAccessSQL_v3}, {"mssql", QZGrammarMSSQL},   {"mssql-from", QZGrammarMSSQLfrom},
-    {"mysql", QZGrammarMySQLSelect},     {"oracle", QZGrammarOracle},
+    {"access", QZGrammarMSAccessSQL_v3, kDbMSAccess},
+    {"mssql", QZGrammarMSSQL, kDbMSSQL},
+    {"mssql-from", QZGrammarMSSQLfrom},
+    {"mysql", QZGrammarMySQLSelect, kDbMySQL},
+    {"oracle", QZGrammarOracle, kDbOracle},
 };
 
 }  // namespace

@@ -5,12 +5,14 @@
 #include <string_view>
 
 #include "QZParserSQL/dialect/QZRecognizers.h"
+#include "QZParserSQL/front/BuildQueryInfo.h"
 
 namespace qzsql {
 
 struct Dialect {
     std::string_view name;
     const QZGrammar& (*grammar)();
+    DBTypes kind = DBTypes();  // that models are built for; none where they are not
 };
 
 /// Null for a name that no dialect has.

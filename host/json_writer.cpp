@@ -22,6 +22,11 @@ void JsonWriter::Key(std::string_view key) {
     out_ += ':';
 }
 
+void JsonWriter::Key(std::u16string_view key) {
+    Text(key);
+    out_ += ':';
+}
+
 void JsonWriter::Number(int number) {
     Separate();
     out_ += std::to_string(number);

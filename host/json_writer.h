@@ -14,6 +14,7 @@ class JsonWriter {
     void Open(char bracket);
     void Close(char bracket);
     void Key(std::string_view key);
+    void Key(std::u16string_view key);
     void Number(int number);
     void Text(std::u16string_view text);
     void Text(const CString& text) { Text(text.View()); }

@@ -8,11 +8,13 @@
 #include <string>
 #include <string_view>
 
+#include "QZParserSQL/platform/Console.h"
 #include "host/batch.h"
 #include "host/big_stack.h"
 #include "host/catalog_cli.h"
 #include "host/commands.h"
 #include "host/dialects.h"
+#include "host/outline.h"
 #include "host/output.h"
 #include "host/tree_formats.h"
 
@@ -34,10 +36,21 @@ constexpr const char* kCheckHelp =
     "An input is clean; trailing, where text behind the query is not understood; or error. Characters that\n"
     "make no token, but for white space, are warnings.\n";
 
+constexpr const char* kModelHelp =
+    R"_(text is an outline: a line for each object with its members, below it its lists and maps, and the children
+of an item by themselves. json is one object a query. Keys are the members' names; what is 0, empty or null is
+left out, but for ItemKind. An alias that is Inherited came unchanged from the query around it. What is Cut would
+have been too large; that is told on standard error too. Errors of the syntax, nesting too deep, text behind the
+query that is not understood, and characters that make no token, but for white space, are told on standard error
+as NAME:line:column: message. These places are of the text that the build reads: of MS Access queries, a pair of
+words in brackets is two names, "[a.b]" is "[a].[b]", and an end of line is one blank where it is of two
+characters. The library's console lines about that are dropped.
+)_";
+
 constexpr const char* kBatchHelp =
     R"_(A record is {"id":any,"sql":"..."}; "dialect" in it goes before -d. It is answered by
-{"id":...,"status":"clean|trailing|error","tree":"(nil ...)"}, with tokens as an array of text lines and
-check as its JSON object; a bad line is answered by {"id":...,"error":"line 3: ..."}.
+{"id":...,"status":"clean|trailing|error","tree":"(nil ...)"}, with tokens as an array of text lines, check and
+model as their JSON objects; a bad line is answered by {"id":...,"error":"line 3: ..."}.
 )_";
 
 constexpr const char* kExitCodes =
@@ -59,6 +72,17 @@ void AddDialect(CLI::App& command, std::string& name, const std::string& help) {
     command.add_option("-d", name, fmt::format("{}: {}", help, qzsql::DialectNames()))->check(KnownDialect());
 }
 
+ExitCode Refuse(std::string_view command, std::string_view why) {
+    qzsql::Tell(fmt::format("qzsql {}: {}\n", command, why));
+    return qzsql::kWrongUsage;
+}
+
+void AddCatalog(CLI::App& command, std::string& store, bool& resolves) {
+    command.add_option("--catalog", store, "for models: the store of a catalog, whose queries are built first")
+        ->type_name("STORE");
+    command.add_flag("--resolve", resolves, "for models: gives the query's items their names in the target");
+}
+
 /// A command that runs over single inputs.
 class Showing {
  public:
@@ -76,14 +100,12 @@ class Showing {
 
     bool IsChosen() const { return command_->parsed(); }
 
+    void AddModelOptions() { AddCatalog(*command_, request_.catalog, request_.resolves); }
+
     ExitCode Run() {
-        const auto wrong = qzsql::WrongInputs(request_);
-        if (!wrong.empty()) {
-            qzsql::Tell(fmt::format("qzsql {}: {}\n", request_.command, wrong));
-            return qzsql::kWrongUsage;
-        }
         request_.dialect = qzsql::FindDialect(dialect_);
-        return qzsql::RunCommand(request_);
+        const auto wrong = qzsql::WrongInputs(request_);
+        return wrong.empty() ? qzsql::RunCommand(request_) : Refuse(request_.command, wrong);
     }
 
  private:
@@ -116,16 +138,23 @@ class Batch {
         command->add_option("-j", request_.threads, "how many threads work")
             ->check(CLI::Range(1U, 256U))
             ->capture_default_str();
+        AddCatalog(*command, request_.catalog, request_.resolves);
         command->add_option("FILE", request_.file, "the records in UTF-8; - is standard input")
             ->type_name("")
             ->capture_default_str();
     }
 
-    ExitCode Run() const { return qzsql::RunBatch(request_); }
+    ExitCode Run() const {
+        const auto wrong = qzsql::WrongRequest(request_);
+        return wrong.empty() ? qzsql::RunBatch(request_) : Refuse("batch", wrong);
+    }
 
  private:
     qzsql::BatchRequest request_;
 };
+
+/// What the builds of models tell on the console would be noise between thousands of queries.
+void DropConsoleLine(void* /*context*/, std::string_view /*line*/) {}
 
 /// Runs on a thread whose stack is large.
 int RunDeep(const std::function<ExitCode()>& run) {
@@ -136,7 +165,8 @@ int RunDeep(const std::function<ExitCode()>& run) {
 
 int Main(int argc, char** argv) {
     CLI::App app(
-        "qzsql shows how stored SQL queries are understood: their tokens, their trees, what is wrong with them.");
+        "qzsql shows how stored SQL queries are understood: their tokens, trees and models, and what is wrong with "
+        "them.");
     app.name("qzsql");
     app.set_version_flag("--version", "qzsql " QZSQL_VERSION);
     app.require_subcommand(1);
@@ -149,6 +179,9 @@ int Main(int argc, char** argv) {
                         R"(qzsql tree -d access -f sexpr -e "SELECT a FROM t" query.sql)"));
     Showing check(app, "check", "tells whether queries are understood to their end",
                   Footer(kCheckHelp, "qzsql check -d access -f json query.sql"));
+    Showing model(app, "model", "shows the models of queries",
+                  Footer(kModelHelp, R"(qzsql model -d access -f json -e "SELECT a AS x, x + 1 AS y FROM t")"));
+    model.AddModelOptions();
     const Batch batch(app);
     const qzsql::CatalogCommandLine catalog(app);
 
@@ -157,7 +190,7 @@ int Main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? qzsql::kDone : qzsql::kWrongUsage;
     }
-    for (auto* showing : {&tokens, &tree, &check}) {
+    for (auto* showing : {&tokens, &tree, &check, &model}) {
         if (showing->IsChosen()) return RunDeep([showing] { return showing->Run(); });
     }
     if (catalog.IsChosen()) return RunDeep([&catalog] { return catalog.Run(); });
@@ -169,6 +202,7 @@ int Main(int argc, char** argv) {
 int main(int argc, char** argv) {
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN));  // a write tells who has gone
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));  // and that a file may not grow
+    QZSetConsoleSink(DropConsoleLine, nullptr);
     try {
         return Main(argc, argv);
     } catch (const std::exception& error) {

@@ -4,11 +4,10 @@
 
 namespace qzsql {
 
-namespace {
-
-void AppendEscaped(std::u16string& out, std::u16string_view text) {
+void AppendQuoted(std::u16string& out, std::u16string_view text) {
     constexpr std::u16string_view kSpecial = u"\\\"\n\r\t";
     constexpr std::u16string_view kLetters = u"\\\"nrt";
+    out += u'"';
     for (const char16_t unit : text) {
         const auto special = kSpecial.find(unit);
         if (special == std::u16string_view::npos) {
@@ -18,15 +17,13 @@ void AppendEscaped(std::u16string& out, std::u16string_view text) {
             out += kLetters[special];
         }
     }
+    out += u'"';
 }
-
-}  // namespace
 
 void AppendToken(std::u16string& out, std::string_view type, std::u16string_view text) {
     AppendAscii(out, type);
-    out += u":\"";
-    AppendEscaped(out, text);
-    out += u'"';
+    out += u':';
+    AppendQuoted(out, text);
 }
 
 std::string_view TypeName(const QZGrammar& grammar, const QZNode* node) {

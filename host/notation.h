@@ -8,7 +8,10 @@
 
 namespace qzsql {
 
-/// Appends TYPE:"text"; in the text \ " newline, return and tab are written \\ \" \n \r \t.
+/// Appends "text" in quotes; in it \ " newline, return and tab are written \\ \" \n \r \t.
+void AppendQuoted(std::u16string& out, std::u16string_view text);
+
+/// Appends TYPE:"text".
 void AppendToken(std::u16string& out, std::string_view type, std::u16string_view text);
 
 /// The type of a node: nil, EOF, ERROR or the name of its token type.

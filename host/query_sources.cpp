@@ -1,5 +1,6 @@
 #include "host/query_sources.h"
 
+#include <map>
 #include <string_view>
 
 #include "host/check.h"
@@ -7,6 +8,7 @@
 #include "host/notation.h"
 #include "host/recognition.h"
 #include "host/tree.h"
+#include "host/unicode.h"
 
 namespace qzsql {
 
@@ -45,6 +47,27 @@ QuerySources ReadSources(const CatalogQuery& query) {
     });
     sources.isUnderstood = Judge(recognition).status == Status::Clean;
     return sources;
+}
+
+Readings FollowSources(const CatalogDatabase& database, const std::vector<std::vector<CString>>& sources) {
+    const auto queries = database.Queries();
+    std::map<const CatalogQuery*, std::size_t> numbers;
+    for (std::size_t i = 0; i < queries.size(); ++i) numbers.emplace(queries[i], i);
+    Readings readings(queries.size());
+    for (std::size_t i = 0; i < queries.size(); ++i) {
+        for (const auto& name : sources[i]) {
+            const auto* read = database.FindTable(name) != nullptr ? nullptr : database.FindQuery(name);
+            if (read != nullptr) readings[i].push_back(numbers.at(read));
+        }
+    }
+    return readings;
+}
+
+std::string RingPath(const CatalogDatabase& database, const std::vector<std::size_t>& ring) {
+    const auto queries = database.Queries();
+    std::string path;
+    for (const auto query : ring) path += ToUtf8(queries[query]->GetSrcName()) + " -> ";
+    return path + ToUtf8(queries[ring.front()]->GetSrcName());
 }
 
 }  // namespace qzsql

@@ -5,19 +5,12 @@
 #include <iterator>
 
 #include "host/notation.h"
+#include "host/outline.h"
 #include "host/unicode.h"
 
 namespace qzsql {
 
 namespace {
-
-void AppendIndent(std::string& out, std::size_t depth) {
-    if (depth <= kDeepestIndent) {
-        out.append(2 * depth, ' ');
-    } else {
-        fmt::format_to(std::back_inserter(out), "{}> ", depth);
-    }
-}
 
 void AppendJsonNode(std::string& out, const QZGrammar& grammar, const QZNode* node) {
     out += "{\"type\":";

@@ -8,9 +8,6 @@
 
 namespace qzsql {
 
-/// How deep the outline indents; a deeper node's line begins with its depth, "101> ".
-constexpr std::size_t kDeepestIndent = 100;
-
 /// (NODE child child ...) on one line, a leaf without parentheses.
 std::u16string TreeAsSexpr(const Tree& tree);
 /// A line a node, indented by two blanks a level, line:column behind tokens.

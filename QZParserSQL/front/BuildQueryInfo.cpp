@@ -45,3 +45,7 @@ bool QZBuildQuery(CQZQueryInfo* pQuery, DBTypes eType, const QZReporter* pReport
 }
 
 void BuildQueryInfo(CQZQueryInfo* pQuery, DBTypes eType) { QZBuildQuery(pQuery, eType, nullptr); }
+
+CString QZBuildText(const CQZQueryInfo& query, DBTypes eType) {
+    return eType == kDbMSAccess ? qz::WithPairsRewritten(query.GetSQL()) : query.GetSQL();
+}

@@ -1,6 +1,7 @@
 // From the text of a stored query to its model.
 #pragma once
 
+#include "QZParserSQL/platform/CString.h"
 #include "QZParserSQL/platform/Export.h"
 
 class CQZQueryInfo;
@@ -26,3 +27,7 @@ QZ_API void BuildQueryInfo(CQZQueryInfo* pQuery, DBTypes eType);
 /// The same with the errors of the text going to `pReporter` (places are those of the rewritten text), where it is not
 /// null. Returns false for a model that would have had more than two million objects: it keeps what was made before.
 QZ_API bool QZBuildQuery(CQZQueryInfo* pQuery, DBTypes eType, const QZReporter* pReporter);
+
+/// The text that a build of the query reads: its own or, for MS Access, the rewritten one. Nothing is told on the
+/// console.
+QZ_API CString QZBuildText(const CQZQueryInfo& query, DBTypes eType);

@@ -57,24 +57,34 @@ Pair FindPair(std::u16string_view text, std::size_t place) {
     return {};
 }
 
-}  // namespace
-
-CString RewriteBracketedPairs(const CString& strSource) {
-    const std::u16string_view text = strSource;
+// Calls onPair(match) for each pair.
+template <class OnPair>
+CString Rewritten(std::u16string_view text, OnPair onPair) {
     std::u16string result;
     std::size_t copied = 0;
     for (Pair pair = FindPair(text, 0); pair; pair = FindPair(text, copied)) {
-        const std::u16string_view match = text.substr(pair.start, pair.end - pair.start);
-        QZConsoleWriteLine(match);
-        QZConsoleWriteLine(match);
-        QZConsoleWriteLine(match.substr(1, match.size() - 2));
+        onPair(text.substr(pair.start, pair.end - pair.start));
         result.append(text, copied, pair.point - copied).append(u"].[");
         result.append(text, pair.point + 1, pair.end - pair.point - 1);
         copied = pair.end;
     }
-    CString strResult(std::move(result.append(text, copied)));
+    return {std::move(result.append(text, copied))};
+}
+
+}  // namespace
+
+CString RewriteBracketedPairs(const CString& strSource) {
+    CString strResult = Rewritten(strSource, [](std::u16string_view match) {
+        QZConsoleWriteLine(match);
+        QZConsoleWriteLine(match);
+        QZConsoleWriteLine(match.substr(1, match.size() - 2));
+    });
     QZConsoleWriteLine(u"Output = " + strResult);
     return strResult;
+}
+
+CString WithPairsRewritten(const CString& strSource) {
+    return Rewritten(strSource, [](std::u16string_view) {});
 }
 
 // Each clone of the query has the entries made before it, with their queries.

@@ -11,6 +11,8 @@ namespace qz {
 /// digits and underscores; brackets around anything else stay. Writes to the console: for each pair its match and the
 /// sub-matches 0 and 1, then "Output = " and the result.
 CString RewriteBracketedPairs(const CString& strSource);
+/// The same text; nothing is written to the console.
+CString WithPairsRewritten(const CString& strSource);
 
 /// Splits a text at its UNIONs, in capitals, and appends an entry to the query's m_listUnions for each part: a clone of
 /// the query with that part as its text. A text without any gives no entry. The caller owns the entries.

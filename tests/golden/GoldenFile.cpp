@@ -32,6 +32,14 @@ class Lines {
         return lines;
     }
 
+    /// The lines of a tree, and whether a model follows.
+    std::vector<std::string> TakeTree(bool& hasModel) {
+        std::vector<std::string> lines;
+        while (AtEnd() || (m_Line != "--" && m_Line != "==")) lines.push_back(Take());
+        hasModel = Take() == "--";
+        return lines;
+    }
+
     std::string TakeHeading() {
         std::string heading;
         while (IsHeading()) heading += Take() + '\n';
@@ -73,7 +81,9 @@ GoldenCase ParseCase(Lines& lines, std::string heading) {
     golden.title = lines.Take();
     golden.error = lines.TakeErrorMark();
     golden.sql = Joined(lines.TakeTo("--"));
-    golden.tree = WithLineEnd(Joined(lines.TakeTo("==")));
+    bool hasModel = false;
+    golden.tree = WithLineEnd(Joined(lines.TakeTree(hasModel)));
+    if (hasModel) golden.model = WithLineEnd(Joined(lines.TakeTo("==")));
     return golden;
 }
 
@@ -95,7 +105,7 @@ std::string FormatCases(const std::vector<GoldenCase>& cases) {
     std::string text;
     for (const GoldenCase& golden : cases) {
         text += golden.heading + golden.title + '\n' + ErrorMark(golden) + WithLineEnd(golden.sql) + "--\n" +
-                golden.tree + "==\n";
+                golden.tree + (golden.model ? "--\n" + *golden.model : "") + "==\n";
     }
     return text;
 }
@@ -110,6 +120,15 @@ GoldenCase ParseTree(const std::string& text) {
 }
 
 std::string FormatTree(const GoldenCase& golden) { return golden.heading + ErrorMark(golden) + golden.tree; }
+
+void ParseModel(const std::string& text, GoldenCase& golden) {
+    Lines lines(text);
+    golden.modelHeading = lines.TakeHeading();
+    golden.model = "";
+    while (!lines.AtEnd()) *golden.model += lines.Take() + '\n';
+}
+
+std::string FormatModel(const GoldenCase& golden) { return golden.modelHeading + *golden.model; }
 
 void Adopt(GoldenCase& golden, const Outcome& outcome) {
     if (golden.error == outcome.error) golden.tree = outcome.tree;

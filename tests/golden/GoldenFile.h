@@ -7,12 +7,16 @@
 //     --
 //     outline of the tree
 //     ! 1:8 message             the reports, in a case marked :error
+//     --                        from here on only where the case has a model
+//     outline of the model
 //     ==
 //
-// A query of the corpus is a case whose text stands in NAME.sql, and its comment, mark and tree in NAME.tree.
+// A query of the corpus is a case whose text stands in NAME.sql, its comment, mark and tree in NAME.tree, and its model
+// with a comment in NAME.model.
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,6 +26,8 @@ struct GoldenCase {
     bool error = false;
     std::string sql;
     std::string tree;
+    std::optional<std::string> model;
+    std::string modelHeading;  // in the corpus
 };
 
 /// What the recognizers made of a case's text.
@@ -37,6 +43,10 @@ std::string FormatCases(const std::vector<GoldenCase>& cases);
 /// The case in a .tree file; title and SQL are the caller's.
 GoldenCase ParseTree(const std::string& text);
 std::string FormatTree(const GoldenCase& golden);
+
+/// Takes the model in a .model file over.
+void ParseModel(const std::string& text, GoldenCase& golden);
+std::string FormatModel(const GoldenCase& golden);
 
 /// Takes the tree over, unless there is an error in a case not marked so, or none in one marked.
 void Adopt(GoldenCase& golden, const Outcome& outcome);

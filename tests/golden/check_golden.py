@@ -27,7 +27,8 @@ def golden_cases(path):
             continue
         split, end = lines.index('--'), lines.index('==')
         sql = [line for line in lines[1:split] if line != ':error']
-        yield f'{path.stem}/{lines[0]}', '\n'.join(sql), lines[split + 1:end]
+        outline = lines[split + 1:end]
+        yield f'{path.stem}/{lines[0]}', '\n'.join(sql), outline[:outline.index('--')] if '--' in outline else outline
         del lines[:end + 1]
 
 

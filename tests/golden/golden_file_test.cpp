@@ -26,7 +26,7 @@ const char* const TWO_CASES =
     "! 1:1 message\n"
     "==\n";
 
-GoldenCase Marked(bool error) { return {"# why\n", "title", error, "SELECT", "old\n"}; }
+GoldenCase Marked(bool error) { return {"# why\n", "title", error, "SELECT", "old\n", {}, ""}; }
 
 TEST(GoldenFile, ReadsCases) {
     const std::vector<GoldenCase> cases = ParseCases(TWO_CASES);
@@ -48,9 +48,22 @@ TEST(GoldenFile, WritesTreesOfTheCorpusAsTheyWereRead) {
     EXPECT_EQ(FormatTree(ParseTree(text)), text);
 }
 
+TEST(GoldenFile, ReadsAndWritesModels) {
+    const std::string text = "title\nSELECT a\n--\nnil\n--\nQuery\n  Select\n==\n";
+    EXPECT_EQ(ParseCases(text)[0].tree, "nil\n");
+    EXPECT_EQ(ParseCases(text)[0].model, "Query\n  Select\n");
+    EXPECT_EQ(FormatCases(ParseCases(text)), text);
+    EXPECT_FALSE(ParseCases(TWO_CASES)[0].model);
+    GoldenCase golden;
+    ParseModel("# why\nQuery\n", golden);
+    EXPECT_EQ(golden.model, "Query\n");
+    EXPECT_EQ(FormatModel(golden), "# why\nQuery\n");
+}
+
 TEST(GoldenFile, RefusesWhatIsNoCase) {
     EXPECT_THROW(ParseCases("title\nSELECT a\n"), std::runtime_error);
     EXPECT_THROW(ParseCases("title\nSELECT a\n--\nnil\n"), std::runtime_error);
+    EXPECT_THROW(ParseCases("title\nSELECT a\n--\nnil\n--\nQuery\n"), std::runtime_error);
     EXPECT_THROW(ParseCases("title\n:eror\nSELECT a\n--\n==\n"), std::runtime_error);
 }
 

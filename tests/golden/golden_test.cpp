@@ -1,6 +1,6 @@
-// Golden trees: every case of golden/<dialect>/*.txt and every query of corpus/<dialect>/ has the tree that its file
-// shows, and the invariants of invariants.h hold for it. With QZ_UPDATE_GOLDEN=1 the trees are rewritten in place
-// first.
+// Golden trees and models: every case of golden/<dialect>/*.txt and every query of corpus/<dialect>/ has the tree and,
+// where there is one, the model that its file shows, and the invariants of invariants.h hold for it. With
+// QZ_UPDATE_GOLDEN=1 trees and models are rewritten in place first.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,6 +13,7 @@
 
 #include "tests/golden/Dialect.h"
 #include "tests/golden/GoldenFile.h"
+#include "tests/golden/Model.h"
 #include "tests/golden/invariants.h"
 #include "tests/support/Outline.h"
 #include "tests/support/Recognition.h"
@@ -25,8 +26,17 @@ struct CaseFile {
     const Dialect& dialect;
     fs::path path;
     std::vector<GoldenCase> cases;
-    std::string (*format)(const std::vector<GoldenCase>&);
+    void (*write)(const CaseFile&);
 };
+
+void WriteCases(const CaseFile& file) { WriteFile(file.path, FormatCases(file.cases)); }
+
+fs::path ModelPath(fs::path query) { return query.replace_extension(".model"); }
+
+void WriteTreeAndModel(const CaseFile& file) {
+    WriteFile(file.path, FormatTree(file.cases.front()));
+    if (file.cases.front().model) WriteFile(ModelPath(file.path), FormatModel(file.cases.front()));
+}
 
 std::vector<fs::path> FilesIn(const fs::path& folder, const std::string& extension) {
     std::vector<fs::path> paths;
@@ -42,16 +52,17 @@ fs::path Tests(const char* folder, const Dialect& dialect) {
 }
 
 CaseFile GoldenFileAt(const Dialect& dialect, const fs::path& path) {
-    return {dialect, path, ParseCases(ReadFile(path)), FormatCases};
+    return {dialect, path, ParseCases(ReadFile(path)), WriteCases};
 }
 
-/// A query without a tree is a case whose tree is yet to be made.
+/// A query without a tree is a case whose tree is yet to be made; an empty model is, too.
 CaseFile CorpusFileAt(const Dialect& dialect, const fs::path& query) {
     const fs::path path = fs::path(query).replace_extension(".tree");
     GoldenCase golden = ParseTree(fs::exists(path) ? ReadFile(path) : "");
     golden.title = query.stem().string();
     golden.sql = ReadFile(query);
-    return {dialect, path, {golden}, [](const std::vector<GoldenCase>& cases) { return FormatTree(cases.front()); }};
+    if (fs::exists(ModelPath(path))) ParseModel(ReadFile(ModelPath(path)), golden);
+    return {dialect, path, {golden}, WriteTreeAndModel};
 }
 
 using ReadCaseFile = CaseFile (*)(const Dialect&, const fs::path&);
@@ -98,8 +109,9 @@ Outcome OutcomeOf(const Recognition& recognition) {
 void Rewrite(CaseFile& file) {
     for (GoldenCase& golden : file.cases) {
         Adopt(golden, OutcomeOf(Recognition(FromUtf8(golden.sql), file.dialect.grammar)));
+        if (golden.model) golden.model = ModelOutline(file.dialect.folder, golden.sql);
     }
-    WriteFile(file.path, file.format(file.cases));
+    file.write(file);
 }
 
 class RewriteOnDemand : public testing::Environment {
@@ -140,6 +152,12 @@ std::vector<CaseId> AllCases(std::vector<CaseFile>& (*files)()) {
     return ids;
 }
 
+std::vector<CaseId> CasesWithModel(std::vector<CaseFile>& (*files)()) {
+    std::vector<CaseId> ids = AllCases(files);
+    ids.erase(std::remove_if(ids.begin(), ids.end(), [](const CaseId& id) { return !id.Case().model; }), ids.end());
+    return ids;
+}
+
 std::string TestName(const testing::TestParamInfo<CaseId>& info) {
     std::string name = info.param.Name();
     std::replace_if(
@@ -166,6 +184,16 @@ TEST_P(Golden, Tree) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, Golden, testing::ValuesIn(AllCases(Goldens)), TestName);
 INSTANTIATE_TEST_SUITE_P(Corpus, Golden, testing::ValuesIn(AllCases(Corpus)), TestName);
+
+class GoldenModel : public testing::TestWithParam<CaseId> {};
+
+TEST_P(GoldenModel, Model) {
+    const GoldenCase& golden = GetParam().Case();
+    EXPECT_EQ(ModelOutline(GetParam().File().dialect.folder, golden.sql), *golden.model) << golden.sql;
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, GoldenModel, testing::ValuesIn(CasesWithModel(Goldens)), TestName);
+INSTANTIATE_TEST_SUITE_P(Corpus, GoldenModel, testing::ValuesIn(CasesWithModel(Corpus)), TestName);
 
 /// The names of the nodes that stand over others in any golden tree.
 std::set<std::string> InnerKindsShown(const Dialect& dialect) {
