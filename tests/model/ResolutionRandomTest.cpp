@@ -270,9 +270,12 @@ class RandomCatalog {
                 delete from;
         }
         if (Once(8)) query.m_mapSources.SetAt(u"nowhere", u"nowhere");
-        for (int i = Below(3); i > 0; --i)
-            AddAlias(query, OneOf({u"x", u"y", u"c"})).SetAliasField(OneOf({u"a", u"d"}));
-        for (int i = Below(4); i > 0; --i) AddRecord(query, OneTable(), OneField());
+        for (const CString alias : {u"x", u"y", u"c"}) {
+            if (Once(3)) AddAlias(query, alias).SetAliasField(OneOf({u"a", u"d"}));
+        }
+        for (const CString field : {u"a", u"b", u"x", u"*"}) {
+            if (Once(3)) AddRecord(query, OneTable(), field);
+        }
         for (int i = 1 + Below(4); i > 0; --i) query.m_listSelect.AddTail(OneItem(2));
         query.m_pWhere = Item(u"", {OneItem(3), OneItem(3)});
         m_Sources.push_back(&query);
