@@ -264,6 +264,20 @@ bool IsSecondOpening(Recognizer recognizer, ANTLR3_UINT32 type) {
            tokens->_LT(tokens, 2)->type == type;
 }
 
+// The runtime asks for all that may follow the rules around to see whether a token was left out, which it takes for
+// true as soon as the end of a rule is among it: so far the stack of rules is read, and no further.
+pANTLR3_BITSET FollowOfRulesAround(Recognizer recognizer) {
+    const auto following = recognizer->state->following;
+    const auto all = antlr3BitsetNew(0);
+    for (auto i = following->size(following); i > 0 && !all->isMember(all, ANTLR3_EOR_TOKEN_TYPE); --i) {
+        const auto one = antlr3BitsetLoad(static_cast<pANTLR3_BITSET_LIST>(following->get(following, i - 1)));
+        if (one == nullptr) continue;
+        all->borInPlace(all, one);
+        one->free(one);
+    }
+    return all;
+}
+
 void* RepairToken(Recognizer recognizer, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
     const auto& memo = RuleMemo::Of(recognizer);
     if (!memo.IsExact(type) || IsSecondOpening(recognizer, type)) return memo.RepairToken(recognizer, type, follow);
@@ -327,6 +341,7 @@ pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR
     parser->rec->memoize = Memoize;
     parser->rec->displayRecognitionError = ReportParserError;
     parser->rec->recoverFromMismatchedToken = RepairToken;
+    parser->rec->computeCSRuleFollow = FollowOfRulesAround;
     parser->rec->getMissingSymbol = PutInToken;
     parser->rec->state->userp = nullptr;
     return memo->Trie();

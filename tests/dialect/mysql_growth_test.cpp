@@ -86,7 +86,7 @@ TEST_F(Growth, OfUnclosedNestingIsLinear) {
         {"unclosed joins", 125, 0.2, u"SELECT a FROM ", u"(", u"a INNER JOIN b ON x = y", u""},
         {"unclosed CASE", 125, 0.2, u"SELECT ", u"CASE WHEN a = 1 THEN ", u"2 FROM t", u"", false},
         {"unclosed functions", 125, 0.2, u"SELECT ", u"CONCAT(a, ", u"b FROM t", u""},
-        {"unclosed subqueries", 125, 0.2, u"SELECT ", u"(SELECT a FROM ", u"t", u"", false},
+        {"unclosed subqueries", 125, 0.2, u"SELECT ", u"(SELECT a FROM ", u"t", u""},
         {"unclosed names", 125, 0.2, u"SELECT ", u"`a b` ", u"` FROM t", u"", false},
         {"unclosed strings", 125, 0.2, u"SELECT ", u"'a b' ", u"' FROM t", u"", false},
     });

@@ -74,7 +74,7 @@ TEST(MySQLDeepNesting, ComesThroughTheBareFacade) {
 
 // Each operator is the root over all that stands before it.
 TEST(MySQLDeepTree, IsWalkedAndFreedOnASmallStack) {
-    constexpr std::size_t kDepth = 20000;
+    static constexpr std::size_t kDepth = 20000;
     for (const auto& [text, clause] : {std::pair(u"SELECT a" + Repeated(u"&a", kDepth), 1U),
                                        std::pair(u"SELECT a FROM t WHERE a" + Repeated(u"&&a", kDepth), 3U)}) {
         CString sql(text);
