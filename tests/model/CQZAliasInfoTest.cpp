@@ -20,7 +20,7 @@ TEST(CQZAliasInfo, StandsForAnExpression) {
     EXPECT_EQ(alias.GetAliasTable(), u"");
     EXPECT_EQ(alias.GetAliasField(), u"");
     EXPECT_EQ(alias.Reserved, u"");
-    EXPECT_EQ(alias.Expression, nullptr);
+    EXPECT_EQ(alias.Expression.Peek(), nullptr);
     EXPECT_TRUE(alias.IsVirtualObject(0));
     EXPECT_TRUE(alias.IsVirtualObject(1));
     EXPECT_FALSE(alias.IsRealObject(0));
@@ -52,10 +52,30 @@ TEST(CQZAliasInfo, ACloneHasAnExpressionOfItsOwn) {
     EXPECT_EQ(clone->GetAliasField(), u"Price");
     EXPECT_EQ(clone->Calculated, 1);
     EXPECT_EQ(clone->Reserved, u"");
-    ASSERT_NE(clone->Expression, nullptr);
-    EXPECT_NE(clone->Expression, alias.Expression);
+    ASSERT_NE(clone->Expression.Get(), nullptr);
+    EXPECT_NE(clone->Expression.Get(), alias.Expression.Get());
     EXPECT_EQ(clone->Expression->Text, u"root");
     EXPECT_EQ(clone->Expression->JoinChildren(), u"a,b");
+}
+
+TEST(CQZAliasInfo, AnExpressionIsCopiedWhenSomebodyTakesHoldOfIt) {
+    CQZAliasInfo alias;
+    alias.Expression = Item(u"root", {Item(u"a")});
+    const std::unique_ptr<CQZAliasInfo> clone(alias.Clone(0));
+    const SelectItem* shared = alias.Expression.Peek();
+    EXPECT_EQ(clone->Expression.Peek(), shared);
+    EXPECT_TRUE(clone->Expression.IsSharedWith(alias.Expression));
+    clone->Expression->Text = u"changed";
+    EXPECT_FALSE(clone->Expression.IsSharedWith(alias.Expression));
+    EXPECT_EQ(clone->Expression.Peek()->Text, u"changed");
+    EXPECT_EQ(alias.Expression.Get(), shared);
+    EXPECT_EQ(shared->Text, u"root");
+}
+
+TEST(CQZAliasInfo, AliasesWithoutAnExpressionShareNone) {
+    CQZAliasInfo alias;
+    const std::unique_ptr<CQZAliasInfo> clone(alias.Clone(0));
+    EXPECT_FALSE(clone->Expression.IsSharedWith(alias.Expression));
 }
 
 TEST(CQZAliasInfo, ACloneKeepsWhatCalculatedWasSetTo) {
@@ -63,7 +83,7 @@ TEST(CQZAliasInfo, ACloneKeepsWhatCalculatedWasSetTo) {
     alias.Calculated = 0;
     const std::unique_ptr<CQZAliasInfo> clone(alias.Clone(0));
     EXPECT_EQ(clone->Calculated, 0);
-    EXPECT_EQ(clone->Expression, nullptr);
+    EXPECT_EQ(clone->Expression.Get(), nullptr);
 }
 
 TEST(CQZAliasInfo, ClonesItsExpressionByTheExpressionsClass) {
@@ -72,7 +92,7 @@ TEST(CQZAliasInfo, ClonesItsExpressionByTheExpressionsClass) {
         CQZAliasInfo alias;
         alias.Expression = Item(log, "expression");
         const std::unique_ptr<CQZAliasInfo> clone(alias.Clone(0));
-        EXPECT_NE(dynamic_cast<sample::LoggedItem*>(clone->Expression), nullptr);
+        EXPECT_NE(dynamic_cast<sample::LoggedItem*>(clone->Expression.Get()), nullptr);
     }
     EXPECT_EQ(log, Log({"expression", "expression"}));
 }
