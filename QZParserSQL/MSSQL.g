@@ -45,7 +45,7 @@ node_sql_query
 // (SELECT a FROM t WHERE b = 1). A clause is entered only where its guess succeeds, else it trails with all that follows
 // it. The opening parenthesis is taken only before SELECT; of two there the second is left out.
 sql_query
-    : ((LEFT_PAREN LEFT_PAREN? SELECT_KEYWORD)=> LEFT_PAREN!)? SELECT_KEYWORD! node_predicate? node_select_list
+    : ((LEFT_PAREN LEFT_PAREN? SELECT_KEYWORD)=> LEFT_PAREN!)? SELECT_KEYWORD! node_predicate node_select_list
       from_list? node_where_condition? node_group_by? node_having? node_order_by? node_compute? node_for? node_option?
       node_union? RIGHT_PAREN!?
     ;

@@ -174,10 +174,10 @@ TEST(OracleLexer, LetsOneKindOfDelimiterStandInAnotherAndKnowsNoEscape) {
 TEST(OracleLexer, GivesAnOpeningDelimiterATokenOfItsOwnAtTheVeryEndOnly) {
     ExpectAll({
         {u"[", "LEFT_COL_PAREN"},
-        {u"'", "'\\''"},
+        {u"'", "'''"},
         {u"\"", "MY_QUOTE"},
         {u"a [", "IDENTIFICATOR @WS LEFT_COL_PAREN"},
-        {u"'a''", "QUOTE_ATTRITION '\\''"},
+        {u"'a''", "QUOTE_ATTRITION '''"},
         {u"\"\"\"", "MY_QUOTE_ATTRITION MY_QUOTE"},
         {u"]", "RIGHT_COL_PAREN"},
     });

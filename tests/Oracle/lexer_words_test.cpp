@@ -40,7 +40,7 @@ TEST(OracleVocabulary, HoldsTheTokensThatAreKnownAndNoOthers) {
                                    "MY_QUOTE_ATTRITION",
                                    "LEFT_COL_PAREN",
                                    "MY_QUOTE",
-                                   "'\\''",
+                                   "'''",
                                    "WS"};
     for (const auto* words : {&vocabulary::kLiteralWords, &vocabulary::kSystemNames}) {
         for (const std::string_view word : *words) known.insert(Quoted(word));

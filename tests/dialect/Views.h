@@ -18,7 +18,8 @@ inline std::string Shape(CQZSQLTree& view) {
     return view.GetChildCount() == 0 ? shape : shape + ")";
 }
 
-inline std::unique_ptr<CQZSQLTree> ViewOf(CQZMSAccessSQL_v3Parcer& parser) {
+template <class Parser>
+std::unique_ptr<CQZSQLTree> ViewOf(Parser& parser) {
     CQZSQLTree* view = nullptr;
     parser.GetSQLTree(&view);
     return std::unique_ptr<CQZSQLTree>(view);

@@ -13,9 +13,10 @@
 struct Dialect {
     std::string folder;  // in golden/ and corpus/
     const QZGrammar& grammar;
-    /// Parses a text through the dialect's facade and hands over the view of the root.
+    /// Parses a text through the dialect's facade and hands over the view of the root; empty where there is no facade.
     std::function<void(CString& text, const std::function<void(CQZSQLTree&)>& use)> parse;
-    /// Tokens that some rule takes without keeping them as nodes.
+    /// Tokens that some rule takes without keeping them as nodes; "a b" for an a that is taken so only where a b
+    /// follows.
     std::vector<std::string> droppedTokens;
     /// Words that a blank behind them changes, as it makes a token with them, and no other white space does.
     std::vector<std::string> wordsWithBlank;
@@ -23,9 +24,13 @@ struct Dialect {
     std::vector<std::string> innerKinds;
     /// Names for nodes that no rule makes, or only rules that none calls.
     std::vector<std::string> kindsNeverMade;
+    /// What may stand for each other between tokens.
+    std::vector<std::u16string> whiteSpace = {u"\n", u"\r\n", u"\t", u"  "};
 };
 
 const Dialect& AccessDialect();
+const Dialect& MSSQLDialect();
+const Dialect& MSSQLFromDialect();
 const Dialect& MySQLDialect();
 const Dialect& OracleDialect();
 

@@ -1,3 +1,5 @@
 #include "tests/golden/Dialect.h"
 
-std::vector<const Dialect*> AllDialects() { return {&AccessDialect(), &MySQLDialect(), &OracleDialect()}; }
+std::vector<const Dialect*> AllDialects() {
+    return {&AccessDialect(), &MSSQLDialect(), &MSSQLFromDialect(), &MySQLDialect(), &OracleDialect()};
+}

@@ -17,5 +17,5 @@ void ExpectSameInSecondRun(const Recognition& recognition);
 /// Reports tell places of the text or its end.
 void ExpectReportsInText(const Recognition& recognition);
 
-/// The facade's view shows the types, texts and child counts of the nodes.
+/// The facade's view, where there is one, shows the types, texts and child counts of the nodes.
 void ExpectSameThroughView(const Dialect& dialect, const Recognition& recognition);

@@ -25,7 +25,7 @@ std::vector<std::string> DroppedTokens() {
             // separators and parentheses, where the tree tells the same
             "COMMA", "DOT", "LEFT_PAREN", "RIGHT_PAREN", "LEFT_BRACE",
             // what may stand around an alias
-            "'\\''", "RIGHT_COL_PAREN"};
+            "'''", "RIGHT_COL_PAREN"};
 }
 
 std::vector<std::string> InnerKinds() {

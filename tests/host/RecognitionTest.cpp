@@ -48,6 +48,14 @@ TEST(Recognition, TellsDroppedCharactersButNoWhiteSpace) {
     EXPECT_EQ(recognition.Reports()[0].position.offset, 9U);
 }
 
+TEST(Recognition, TakesWhiteSpaceThatMakesNoTokenForNothing) {
+    const std::u16string text = u"SELECT\t a\r\nFROM  t" + std::u16string(10'000, u' ');
+    Recognition recognition(FindDialect("mssql")->grammar(), text);
+    EXPECT_EQ(QZChildCount(recognition.Tree()), 2U);
+    EXPECT_EQ(recognition.Tokens().size(), 4U);
+    EXPECT_TRUE(recognition.Reports().empty());
+}
+
 TEST(Recognition, TellsTheFirstOfVeryManyDroppedCharacters) {
     const std::u16string text(100'000, u';');
     Recognition recognition(Access(), text);

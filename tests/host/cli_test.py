@@ -328,6 +328,16 @@ class Batch(CommandLine):
         self.batch("nonsense", code=NOT_CLEAN)
         self.assertEqual(self.batch(""), [])
 
+    def test_white_space_that_makes_no_token_is_nothing(self):
+        record = json.dumps({"sql": "SELECT\t a\r\n FROM " + " " * 10000 + "t"})
+        tokens = ['SELECT_KEYWORD:"SELECT"', 'IDENTIFICATOR:"a"', 'FROM_KEYWORD:"FROM"', 'IDENTIFICATOR:"t"']
+        (answer,) = self.batch(record, emit="tokens", dialect=("-d", "mssql"))
+        self.assertEqual(answer, {"id": None, "status": "clean", "tokens": tokens})
+        (answer,) = self.batch(record, emit="check", dialect=("-d", "mssql"))
+        self.assertEqual(answer["check"]["diagnostics"], [])
+        self.assertEqual(self.results("check", "-d", "mssql-from", "-e", "a \t JOIN b"), "clean\n")
+        self.assertTrue(self.results("check", "-d", "mssql-from", "-e", "a, b", code=NOT_CLEAN).startswith("error\n"))
+
     def test_bad_lines_are_answered_and_the_work_goes_on(self):
         lines = ['{"id":1,"sql":"SELECT a"}', "", "nonsense", '{"id":2,"sql":5}', "  ", '{"id":3,"sql":"SELECT a"}']
         answers = self.batch("\n".join(lines), "-j", "3", code=NOT_CLEAN)

@@ -1,0 +1,1 @@
+dbo.Orders AS o LEFT OUTER JOIN dbo.Customers AS c ON o.CustomerID = c.CustomerID

@@ -1,0 +1,1 @@
+Orders AS o INNER JOIN Customers AS c ON o.CustomerID = c.CustomerID LEFT JOIN Employees AS e ON o.EmployeeID = e.EmployeeID

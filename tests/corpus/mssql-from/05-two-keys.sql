@@ -1,0 +1,1 @@
+Sales AS s JOIN Stores AS t ON s.StoreID = t.StoreID AND s.Region = t.Region AND t.Size > 100

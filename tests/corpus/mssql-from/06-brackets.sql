@@ -1,0 +1,1 @@
+[Order Details] AS d INNER JOIN [dbo Orders] ON d.OrderID = [dbo Orders].[Order ID]

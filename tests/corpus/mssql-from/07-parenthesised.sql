@@ -1,0 +1,1 @@
+(Orders INNER JOIN Customers ON Orders.CustomerID = Customers.CustomerID) INNER JOIN Employees ON Orders.EmployeeID = Employees.EmployeeID

@@ -1,0 +1,1 @@
+Region AS r LEFT JOIN Territories AS t INNER JOIN Places AS p ON t.PlaceID = p.ID ON r.ID = t.RegionID

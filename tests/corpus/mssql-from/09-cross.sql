@@ -1,0 +1,1 @@
+Months CROSS JOIN Products

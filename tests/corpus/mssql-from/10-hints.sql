@@ -1,0 +1,1 @@
+Accounts AS a INNER HASH JOIN Balances AS b ON a.ID = b.AccountID

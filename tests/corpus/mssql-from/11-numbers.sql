@@ -1,0 +1,1 @@
+Rates AS r JOIN Amounts AS a ON r.Rate * 1.5 >= a.Amount / 1E3 AND a.Factor < .25

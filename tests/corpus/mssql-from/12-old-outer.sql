@@ -1,0 +1,1 @@
+Orders o FULL OUTER JOIN Employees e ON o.EmployeeID *= e.EmployeeID

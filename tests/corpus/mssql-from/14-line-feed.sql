@@ -1,0 +1,2 @@
+Orders JOIN Customers
+ON Orders.CustomerID = Customers.CustomerID

@@ -1,0 +1,1 @@
+Orders AS o JOIN Customers AS c ON o.CustomerID = c.CustomerID OR o.Ship = c.City

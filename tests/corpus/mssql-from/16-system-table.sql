@@ -1,0 +1,1 @@
+tempdb.dbo.Work JOIN Other ON Work.a = Other.a

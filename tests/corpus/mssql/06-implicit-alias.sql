@@ -1,0 +1,3 @@
+SELECT e.FirstName + ' ' + e.LastName AS FullName
+FROM Employees e
+WHERE e.HireDate >= '1/1/1993'

@@ -1,0 +1,1 @@
+SELECT CustomerID, City FROM Customers WHERE Country IN ('France', 'Spain', 'Italy') ORDER BY City

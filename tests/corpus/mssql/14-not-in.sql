@@ -1,0 +1,1 @@
+SELECT CustomerID FROM Customers WHERE CustomerID NOT IN (SELECT CustomerID FROM Orders)

@@ -1,0 +1,1 @@
+SELECT OrderID, Freight FROM Orders WHERE CustomerID = @CustomerID AND OrderDate >= @From AND OrderDate < @To

@@ -1,0 +1,1 @@
+SELECT [dbo].fnTotal(o.OrderID) AS Total, fnTax(o.OrderID, 2) AS Tax, dbo.fnDue(o.OrderID) AS Due FROM Orders AS o

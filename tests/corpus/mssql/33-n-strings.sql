@@ -1,0 +1,1 @@
+SELECT N'Müller' AS Name, n'klein' AS Other FROM Personen

@@ -1,0 +1,3 @@
+SELECT ProductID, -- key
+    ProductName
+FROM Products
