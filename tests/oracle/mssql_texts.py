@@ -57,7 +57,10 @@ FRAMES = ['SELECT {}', 'SELECT {} a', 'SELECT a {}', 'SELECT a {} b', 'SELECT {}
           'SELECT a ORDER BY a {}', 'SELECT a COMPUTE {} ( a )', 'SELECT a COMPUTE f ( a ) BY {}', 'SELECT a FOR {}',
           'SELECT a FOR XML {}', 'SELECT a FOR XML RAW . {}', 'SELECT a OPTION {}', 'SELECT a OPTION HASH {}',
           'SELECT a OPTION {} GROUP', 'SELECT a OPTION {} UNION', 'SELECT a OPTION {} PLAN',
-          'SELECT a UNION {} SELECT b']
+          'SELECT a UNION {} SELECT b',
+          'SELECT a | | b | | {}', 'SELECT ABS ( a ) }} , {}', 'SELECT {{ fn UCASE ( {} ) }} }} , b',
+          'SELECT a FROM t WHERE ( NOT a = {} ) ) ) ORDER BY b', 'SELECT a FROM t JOIN u ON ( ( a = {} ) ) ) ) JOIN v',
+          'SELECT a FROM t JOIN u WITH ( INDEX 1 2 3 , {} )', 'SELECT a FROM t JOIN u WITH ( INDEX {} ) JOIN v']
 
 
 class Writer(random_texts.Writer):
@@ -286,5 +289,5 @@ class Writer(random_texts.Writer):
             lambda: f'SELECT a FROM {self.some(lambda: self.source(depth + 1), " , ", 2)}',
             lambda: f'SELECT a FROM t WHERE {self.condition(depth)}',
             lambda: f'SELECT a FROM t {self.pick(*(maker for _, maker in self.clauses(depth)))}',
-            lambda: self.rng.choice(FRAMES).format(self.rng.choice(self.VOCABULARY)),
+            lambda: self.rng.choice(FRAMES).format(self.rng.choice([self.leaf(), self.rng.choice(self.VOCABULARY)])),
             lambda: 'SELECT a ' + self.some(lambda: self.rng.choice(PIECES), ' ', 8))
