@@ -92,6 +92,23 @@ TEST(OracleParser, MakesATreeOfWhatIsNoQuery) {
     }
 }
 
+TEST(OracleRecognizers, RunWithoutAFacade) {
+    constexpr std::u16string_view kText = u"SELECT a";
+    for (const bool sharesState : {false, true}) {
+        auto* input = antlr3NewUCS2StringInPlaceStream(kText.data(), static_cast<std::uint32_t>(kText.size()), nullptr);
+        auto* lexer = sharesState ? OracleLexerNewSSD(input, nullptr) : OracleLexerNew(input);
+        auto* tokens = QZNewTokenStream(lexer);
+        auto* parser = sharesState ? OracleParserNewSSD(tokens, nullptr) : OracleParserNew(tokens);
+        EXPECT_EQ(Sexpr(QZGrammarOracle(), QZRunEntryRule(QZGrammarOracle(), parser)),
+                  "(nil (SELECT_QUERY_OR (SELECT_LIST (COLUMN_SPECIFICATION (COLUMN_NAME IDENTIFICATOR:\"a\")))) EOF)");
+        EXPECT_EQ(QZParserErrorCount(parser), 0U);
+        QZCloseInput(input);
+        QZFreeTokenStream(tokens);
+        QZFreeLexer(QZGrammarOracle(), lexer);
+        QZFreeParser(QZGrammarOracle(), parser);
+    }
+}
+
 TEST(OracleParser, RunsInParallelWithOthers) {
     std::vector<std::string> trees(4);
     std::vector<std::thread> threads;
