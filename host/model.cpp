@@ -40,7 +40,7 @@ BuildOutcome BuildModel(CQZQueryInfo& query, const Dialect& dialect) {
 }
 
 QueryModel::QueryModel(const Dialect& dialect, std::u16string_view text, const ModelContext& context)
-    : dialect_(dialect), catalog_(context.catalog) {
+    : dialect_(dialect), catalog_(context.catalog), query_(dialect.kind) {
     if (!HasModels(dialect)) throw std::runtime_error(NoModels(dialect));
     if (catalog_ == nullptr) database_ = std::make_unique<EmptyDatabase>();
     CQZDatabaseInfo& database = catalog_ == nullptr ? *database_ : catalog_->Database();

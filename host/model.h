@@ -47,12 +47,23 @@ class QueryModel {
     Model Shown() const;
 
  private:
+    /// Tells the kind of database, which the resolution asks for.
+    class KindQuery final : public CQZQueryInfo {
+     public:
+        explicit KindQuery(DBTypes kind) : kind_(kind) {}
+        int GetDBType() const override { return kind_; }
+        KindQuery* Clone(int /*bSelectedOnly*/) const override { return new KindQuery(*this); }
+
+     private:
+        DBTypes kind_;
+    };
+
     void Resolve();
 
     const Dialect& dialect_;
     CatalogModels* catalog_;
     std::unique_ptr<CQZDatabaseInfo> database_;  // the query's own
-    CQZQueryInfo query_;
+    KindQuery query_;
     CString readText_;
     BuildOutcome outcome_;
 };

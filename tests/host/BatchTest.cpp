@@ -11,7 +11,7 @@ namespace {
 using nlohmann::json;
 
 Answer AnswerTo(const std::string& line, const std::string& emission = "tree", const std::string& dialect = "access") {
-    return AnswerLine({"in", dialect, emission, 1}, {3, line});
+    return AnswerLine({"in", dialect, emission, 1, "", false}, {3, line});
 }
 
 TEST(Batch, AnswersWithATree) {
@@ -33,6 +33,31 @@ TEST(Batch, AnswersWithACheck) {
     EXPECT_EQ(json::parse(answer.text), json::parse(R"({"id":1,"status":"trailing","check":{
         "input":"in:3","status":"trailing","diagnostics":[],
         "trailing":{"line":1,"column":10,"offset":9,"count":2,"text":"x y"}}})"));
+}
+
+TEST(Batch, AnswersWithAModel) {
+    EXPECT_EQ(AnswerTo(R"({"id":1,"sql":"SELECT 1.5"})", "model").text,
+              R"({"id":1,"status":"clean","model":{"SQL":"SELECT 1.5","Select":[{"ItemKind":1,"Text":"1."}]}})");
+}
+
+TEST(Batch, TheStatusOfAModelIsThatOfTheTextThatTheBuildReads) {
+    EXPECT_EQ(json::parse(AnswerTo(R"({"sql":"SELECT a AS [b.c]"})", "tree").text)["status"], "clean");
+    const auto answer = AnswerTo(R"({"sql":"SELECT a AS [b.c]"})", "model");
+    EXPECT_EQ(json::parse(answer.text)["status"], "trailing");
+    EXPECT_EQ(answer.code, kDone);
+}
+
+TEST(Batch, NoModelsAreMadeOfSourceLists) {
+    const auto answer = AnswerTo(R"({"id":1,"sql":"t"})", "model", "mssql-from");
+    EXPECT_EQ(answer.text, R"({"id":1,"error":"line 3: no models are made of mssql-from queries"})");
+    EXPECT_EQ(answer.code, kNotClean);
+}
+
+TEST(Batch, CatalogsGoWithModelsAlone) {
+    EXPECT_EQ(WrongRequest({"-", "access", "model", 1, "store", true}), "");
+    EXPECT_EQ(WrongRequest({"-", "access", "tree", 1, "", false}), "");
+    EXPECT_NE(WrongRequest({"-", "access", "tree", 1, "store", false}), "");
+    EXPECT_NE(WrongRequest({"-", "access", "check", 1, "", true}), "");
 }
 
 TEST(Batch, OnlyACheckFailsForWhatIsNotClean) {
