@@ -63,7 +63,7 @@ TEST(MSSQLDeepNesting, ComesThroughTheBareFacade) {
 
 // Each operator is the root over all that stands before it.
 TEST(MSSQLDeepTree, IsWalkedAndFreedOnASmallStack) {
-    constexpr std::size_t kDepth = 20000;
+    static constexpr std::size_t kDepth = 20000;
     CString text(u"SELECT a" + Repeated(u"+a", kDepth));
     RunOnStack(256 * 1024, [&text] {
         CQZMSSQLParser parser;
