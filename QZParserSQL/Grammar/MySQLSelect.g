@@ -589,7 +589,7 @@ chain_in_parentheses
 @declarations { ANTLR3_MARKER partner; }
 @init { partner = qzPartnerOf(LT(1)); }
     : LEFT_PAREN! logical_operand
-      ((logical_operator)=> {INDEX() < partner}?=> logical_operator^ further_operand)+
+      ((logical_operator)=> {qzGoesOnBefore(ctx->pParser, partner)}?=> logical_operator^ further_operand)+
       {qzIsReadToPartner(ctx->pParser->tstream, partner)}?
     ;
 

@@ -2,6 +2,7 @@
 
 #include "QZParserSQL/Grammar/MySQLSelectTokens.h"
 #include "QZParserSQL/dialect/Token.h"
+#include "QZParserSQL/dialect/recognizer.h"
 
 namespace {
 
@@ -86,6 +87,12 @@ ANTLR3_BOOLEAN qzIsBehindFirstPair(pANTLR3_TOKEN_STREAM stream) {
     const auto next = stream->istream->index(stream->istream);
     return tokens[0]->type == MySQLSelect::LEFT_PAREN && qzPartnerOf(tokens[0]) != 0 &&
            qzPartnerOf(tokens[0]) + 1 == next;
+}
+
+ANTLR3_BOOLEAN qzGoesOnBefore(pANTLR3_PARSER parser, ANTLR3_MARKER partner) {
+    const auto stream = parser->tstream->istream;
+    if (parser->rec->state->backtracking > 0 && qzWasNestedTooDeep(parser->rec)) return ANTLR3_FALSE;
+    return stream->index(stream) < partner;
 }
 
 ANTLR3_BOOLEAN qzIsReadToPartner(pANTLR3_TOKEN_STREAM stream, ANTLR3_MARKER partner) {

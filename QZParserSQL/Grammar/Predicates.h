@@ -19,6 +19,11 @@ ANTLR3_MARKER qzPartnerOf(pANTLR3_COMMON_TOKEN opening);
 /* Whether the text begins with a parenthesis and the token read last is its partner. */
 ANTLR3_BOOLEAN qzIsBehindFirstPair(pANTLR3_TOKEN_STREAM tokens);
 
+/* Whether the partner is still to come. No more guesses are made about it once nesting was too deep for the stack: each
+ * would read all the rest.
+ */
+ANTLR3_BOOLEAN qzGoesOnBefore(pANTLR3_PARSER parser, ANTLR3_MARKER partner);
+
 /* Whether the partner is read, and behind it nothing but closing parentheses. */
 ANTLR3_BOOLEAN qzIsReadToPartner(pANTLR3_TOKEN_STREAM tokens, ANTLR3_MARKER partner);
 

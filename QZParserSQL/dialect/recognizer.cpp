@@ -74,6 +74,7 @@ class RuleMemo {
     void LimitStack(const char* limit) { stackLimit_ = limit; }
     bool StackIsLow(const void* here) const { return here < stackLimit_; }
     bool FirstTimeTooDeep() { return !std::exchange(toldTooDeep_, true); }
+    bool WasTooDeep() const { return toldTooDeep_; }
 
     static constexpr ANTLR3_UINT32 kFailed = 1;
     static constexpr ANTLR3_UINT32 kSuccess = 2;
@@ -357,6 +358,8 @@ ANTLR3_BOOLEAN qzNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer) {
     }
     return ANTLR3_TRUE;
 }
+
+ANTLR3_BOOLEAN qzWasNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer) { return RuleMemo::Of(recognizer).WasTooDeep(); }
 
 // ------------------------------------------------------------------------------------------------- called by the host
 

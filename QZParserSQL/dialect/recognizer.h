@@ -28,6 +28,9 @@ pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR
 /* True near the end of the stack: the rule must not go deeper. Fails the guess, or raises the exception. */
 ANTLR3_BOOLEAN qzNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer);
 
+/* Whether that was the case in this parse. */
+ANTLR3_BOOLEAN qzWasNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer);
+
 /* A tree adaptor that puts lists together in linear time, and the tree that comes out with all its lists opened. */
 pANTLR3_BASE_TREE_ADAPTOR qzTreeAdaptorNew(pANTLR3_STRING_FACTORY strings);
 pANTLR3_BASE_TREE qzWholeTree(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_BASE_TREE root);

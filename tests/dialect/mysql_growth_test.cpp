@@ -80,15 +80,15 @@ TEST_F(Growth, OfSelectListsIsLinear) {
 
 TEST_F(Growth, OfUnclosedNestingIsLinear) {
     ExpectLinear({
-        {"unclosed parentheses", 125, 0.2, u"SELECT ", u"(", u"a FROM t", u"", false},
-        {"unclosed conditions", 125, 0.2, u"SELECT a FROM t WHERE ", u"(", u"a = 1", u"", false},
-        {"unclosed chains", 125, 0.2, u"SELECT a FROM t WHERE a", u" AND (b OR c", u"", u""},
-        {"unclosed joins", 125, 0.2, u"SELECT a FROM ", u"(", u"a INNER JOIN b ON x = y", u""},
-        {"unclosed CASE", 125, 0.2, u"SELECT ", u"CASE WHEN a = 1 THEN ", u"2 FROM t", u"", false},
-        {"unclosed functions", 125, 0.2, u"SELECT ", u"CONCAT(a, ", u"b FROM t", u""},
-        {"unclosed subqueries", 125, 0.2, u"SELECT ", u"(SELECT a FROM ", u"t", u""},
-        {"unclosed names", 125, 0.2, u"SELECT ", u"`a b` ", u"` FROM t", u"", false},
-        {"unclosed strings", 125, 0.2, u"SELECT ", u"'a b' ", u"' FROM t", u"", false},
+        {"unclosed parentheses", 500, 1, u"SELECT ", u"(", u"a FROM t", u"", false},
+        {"unclosed conditions", 500, 1, u"SELECT a FROM t WHERE ", u"(", u"a = 1", u"", false},
+        {"unclosed chains", 500, 1, u"SELECT a FROM t WHERE a", u" AND (b OR c", u"", u""},
+        {"unclosed joins", 500, 1, u"SELECT a FROM ", u"(", u"a INNER JOIN b ON x = y", u""},
+        {"unclosed CASE", 500, 1, u"SELECT ", u"CASE WHEN a = 1 THEN ", u"2 FROM t", u"", false},
+        {"unclosed functions", 500, 1, u"SELECT ", u"CONCAT(a, ", u"b FROM t", u""},
+        {"unclosed subqueries", 500, 1, u"SELECT ", u"(SELECT a FROM ", u"t", u""},
+        {"unclosed names", 500, 1, u"SELECT ", u"`a b` ", u"` FROM t", u"", false},
+        {"unclosed strings", 500, 1, u"SELECT ", u"'a b' ", u"' FROM t", u"", false},
     });
 }
 
