@@ -129,7 +129,7 @@ class Walk {
             Number("LimitSecond", second);
         }
         Number("DataType", query.GetDataType());
-        Number("QueryKind", query.GetQueryKind());
+        if (copies_ == 0) Number("QueryKind", query.GetQueryKind());  // which copies of queries have not
         Number("Resolved", query.Resolved);
     }
 
@@ -208,7 +208,11 @@ class Walk {
         Text("Name", alias.GetName());
         Text("AliasTable", alias.GetAliasTable());
         Text("AliasField", alias.GetAliasField());
-        if (alias.Expression.Peek() != nullptr) ShowExpression(*alias.Expression.Peek());
+        if (alias.Expression.Peek() != nullptr) {
+            if (alias.Expression.IsCopy()) ++copies_;
+            ShowExpression(*alias.Expression.Peek());
+            if (alias.Expression.IsCopy()) Later(&Walk::EndCopy, {});
+        }
         LaterClose();
     }
 
@@ -234,6 +238,7 @@ class Walk {
     }
 
     void EndRepeat(const Subject&) { --repeats_; }
+    void EndCopy(const Subject&) { --copies_; }
 
     // --------------------------------------------------------------------------------------------------- items
 
@@ -303,6 +308,7 @@ class Walk {
     std::vector<const CQZQueryInfo*> around_;            // the queries that are open
     std::unordered_set<const SelectItem*> expressions_;  // that were shown
     std::size_t repeats_ = 0;                            // of expressions that are open
+    int copies_ = 0;                                     // expressions that are open and copies
     std::size_t shownAgain_ = 0;
     bool isWhole_ = true;
 };

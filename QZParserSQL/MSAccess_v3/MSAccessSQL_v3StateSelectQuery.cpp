@@ -216,7 +216,8 @@ bool MSAccessSQL_v3StateSelectQuery::NamesAlias(const SelectItemField& field) co
            IsAlias(field.GetFieldName(), NameOf::Column);
 }
 
-// Calls visit(field) for each field below an item that names an alias, but not within the expansion of that alias.
+// Calls visit(field) for each field below an item that names an alias, but not within the expansion of that alias, and
+// for each reference with an expansion that does stand within one of the same alias.
 template <class Item, class Visit>
 void MSAccessSQL_v3StateSelectQuery::ForEachReference(Item& item, const CString& strAlias, Visit visit) const {
     struct Expansion {
@@ -238,7 +239,9 @@ void MSAccessSQL_v3StateSelectQuery::ForEachReference(Item& item, const CString&
         using Field = std::conditional_t<std::is_const_v<Item>, const SelectItemField, SelectItemField>;
         if (auto* field = dynamic_cast<Field*>(place)) {
             const bool names = within->depth < kDeepestExpansion && NamesAlias(*field);
+            const bool expanded = field->ItemKind == SelectItem::kAliasReference && !field->Children.IsEmpty();
             if (names && !within->IsWithin(field->GetFieldName())) visit(*field);
+            if (expanded && within->IsWithin(field->GetFieldAlias())) visit(*field);
             if (field->ItemKind == SelectItem::kAliasReference)
                 within = &expansions.emplace_back(Expansion{field->GetFieldAlias(), within, within->depth + 1});
         }
@@ -281,9 +284,15 @@ void MSAccessSQL_v3StateSelectQuery::AddClone(const SelectItem& expression, Sele
 }
 
 // Fields below an item that name aliases become references to them, each with a clone of what its alias stands for,
-// and so on in the clones.
+// and so on in the clones. An alias is not expanded within its own expansion.
 void MSAccessSQL_v3StateSelectQuery::FixAliasField(SelectItem& item, const CString& strAlias) {
-    ForEachReference(item, strAlias, [this](SelectItemField& field) { TurnRound(field); });
+    ForEachReference(item, strAlias, [this](SelectItemField& field) {
+        if (field.ItemKind == SelectItem::kAliasReference) {
+            field.ClearChildren();
+        } else {
+            TurnRound(field);
+        }
+    });
 }
 
 void MSAccessSQL_v3StateSelectQuery::TurnRound(SelectItemField& field) {

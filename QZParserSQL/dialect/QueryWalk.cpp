@@ -79,7 +79,10 @@ const QueryWalk::Aliases* QueryWalk::AliasesBelow(const CQZSQLTree* select) cons
     return found == m_Scanned.end() ? nullptr : &found->second;
 }
 
-void QueryWalk::KeepAliases(const CQZSQLTree* select, const Aliases& aliases) {
-    Aliases& kept = m_Scanned[select];
-    for (const auto& [key, alias] : aliases) kept[key] = alias->Clone(0);
+void QueryWalk::ShareAliases(const Aliases& from, Aliases& to) {
+    for (const auto& [key, alias] : from) {
+        CQZAliasInfo* same = alias->Clone(0);
+        to[key] = same;
+        same->Expression.ShareAs(alias->Expression);
+    }
 }

@@ -58,7 +58,8 @@ class QueryWalk {
     /// whenever it is walked, and share their expressions.
     using Aliases = CTypedMapStringToPtr<CQZAliasInfo>;
     const Aliases* AliasesBelow(const CQZSQLTree* select) const;
-    void KeepAliases(const CQZSQLTree* select, const Aliases& aliases);
+    void KeepAliases(const CQZSQLTree* select, const Aliases& aliases) { ShareAliases(aliases, m_Scanned[select]); }
+    static void ShareAliases(const Aliases& from, Aliases& to);
 
  private:
     struct Task {

@@ -146,7 +146,7 @@ bool StateSelectQuery::IsAlias(const CString& strName, NameOf /*use*/) const {
 // A member of a union that does not see the names around it has the same names whenever it is walked.
 void StateSelectQuery::ScanMember(const WalkPlace& place) {
     if (const QueryWalk::Aliases* known = Walk().AliasesBelow(m_pTree)) {
-        for (const auto& [key, alias] : *known) m_pQuery->m_mapAliases[key] = alias->Clone(0);
+        QueryWalk::ShareAliases(*known, m_pQuery->m_mapAliases);
         Walk().Count(static_cast<std::size_t>(known->GetCount()));
         return EndScanOfMember(place);
     }

@@ -15,9 +15,22 @@ namespace qz {
 // object of a derived class is complete when its Clone returns, since its copy constructor may look at what it owns.
 class Copier {
  public:
+    explicit Copier(bool exact = false) : m_bExact(exact) {}
+
     template <class T>
     void Run(const T& from, T& to) {
         Fill(from, to);
+        Finish();
+    }
+
+    SelectItem* Clone(const SelectItem& from) {
+        auto clone = CloneOf(from);
+        Finish();
+        return clone.release();
+    }
+
+ private:
+    void Finish() {
         while (!m_Steps.empty()) {
             const Step step = m_Steps.back();
             m_Steps.pop_back();
@@ -25,7 +38,6 @@ class Copier {
         }
     }
 
- private:
     struct Step {
         const void* from;
         void* to;
@@ -50,6 +62,7 @@ class Copier {
         CloneList(from.m_listSubQueries, to.m_listSubQueries);
         to.m_mapSources = from.m_mapSources;
         CloneMap(from.m_mapAliases, to.m_mapAliases);
+        if (m_bExact) KeepExact(from, to);
         CloneMap(from.m_mapFields, to.m_mapFields);
         CloneList(from.m_listSelect, to.m_listSelect);
         CloneList(from.m_listFrom, to.m_listFrom);
@@ -59,6 +72,12 @@ class Copier {
         CloneList(from.m_listHaving, to.m_listHaving);
         CloneList(from.m_listUnion, to.m_listUnion);
         CloneList(from.m_listUnions, to.m_listUnions);
+    }
+
+    static void KeepExact(const CQZQueryInfo& from, CQZQueryInfo& to) {
+        to.m_nQueryKind = from.m_nQueryKind;
+        to.m_nQueryOption = from.m_nQueryOption;
+        for (const auto& [key, alias] : from.m_mapAliases) to.m_mapAliases[key]->Expression.ShareAs(alias->Expression);
     }
 
     std::unique_ptr<SelectItem> CloneOf(const SelectItem& from) {
@@ -114,6 +133,7 @@ class Copier {
         for (const auto& [key, value] : from) CloneOne(value, to[key]);
     }
 
+    const bool m_bExact;
     std::vector<Step> m_Steps;
 };
 
@@ -122,5 +142,7 @@ void CopyOwned(const SelectItemSubQuery& from, SelectItemSubQuery& to) { Copier(
 void CopyOwned(const SelectItemUnion& from, SelectItemUnion& to) { Copier().Run(from, to); }
 void CopyOwned(const CQZQueryUnionInfo& from, CQZQueryUnionInfo& to) { Copier().Run(from, to); }
 void CopyOwned(const CQZQueryInfo& from, CQZQueryInfo& to) { Copier().Run(from, to); }
+
+SelectItem* CloneExactly(const SelectItem& item) { return Copier(/*exact=*/true).Clone(item); }
 
 }  // namespace qz

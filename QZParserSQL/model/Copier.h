@@ -20,4 +20,7 @@ void CopyOwned(const SelectItemUnion& from, SelectItemUnion& to);
 void CopyOwned(const CQZQueryUnionInfo& from, CQZQueryUnionInfo& to);
 void CopyOwned(const CQZQueryInfo& from, CQZQueryInfo& to);
 
+/// A clone in which nested queries keep their query kind and option, and expressions of aliases are shared as they are.
+SelectItem* CloneExactly(const SelectItem& item);
+
 }  // namespace qz

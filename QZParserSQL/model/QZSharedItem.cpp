@@ -2,6 +2,7 @@
 
 #include <atomic>
 
+#include "QZParserSQL/model/Copier.h"
 #include "QZParserSQL/model/Dispose.h"
 #include "QZParserSQL/model/SelectItem.h"
 
@@ -16,8 +17,27 @@ std::shared_ptr<SelectItem> Owned(SelectItem* item) {
 
 QZSharedItem::QZSharedItem(SelectItem* pItem) : m_pItem(Owned(pItem)) {}
 
+QZSharedItem::QZSharedItem(const QZSharedItem& other) : m_pItem(other.m_pItem), m_bCopy(m_pItem != nullptr) {}
+
+QZSharedItem& QZSharedItem::operator=(const QZSharedItem& other) {
+    if (this == &other) return *this;
+    m_pItem = other.m_pItem;
+    m_bCopy = m_pItem != nullptr;
+    return *this;
+}
+
+void QZSharedItem::ShareAs(const QZSharedItem& other) {
+    m_pItem = other.m_pItem;
+    m_bCopy = other.m_bCopy;
+}
+
 SelectItem* QZSharedItem::Get() {
-    if (m_pItem.use_count() > 1) m_pItem = Owned(m_pItem->Clone());
+    if (m_bCopy) {
+        m_pItem = Owned(m_pItem->Clone());
+        m_bCopy = false;
+    } else if (m_pItem.use_count() > 1) {
+        m_pItem = Owned(qz::CloneExactly(*m_pItem));
+    }
     std::atomic_thread_fence(std::memory_order_acquire);  // what another copy read, it has read before it let go
     return m_pItem.get();
 }

@@ -8,18 +8,29 @@
 class SelectItem;
 
 /// Behaves like a pointer that owns its item and clones it when copied; but the clone is made only when somebody takes
-/// hold of the item through one of the copies, which Peek does not. Nested queries carry the aliases of the queries
-/// around them, and few are ever touched. Copies may be used by different threads, one thread at a time each.
+/// hold of the item through one of them, which Peek does not. Nested queries carry the aliases of the queries around
+/// them, and few are ever touched. Copies may be used by different threads, one thread at a time each.
 class QZ_API QZSharedItem {
  public:
     QZSharedItem() = default;
     /// Takes the item over; it may be null.
     QZSharedItem(SelectItem* pItem);  // NOLINT(google-explicit-constructor)
+    QZSharedItem(const QZSharedItem& other);
+    QZSharedItem(QZSharedItem&&) noexcept = default;
+    QZSharedItem& operator=(const QZSharedItem& other);
+    QZSharedItem& operator=(QZSharedItem&&) noexcept = default;
+    ~QZSharedItem() = default;
 
     /// The item for reading, shared as it may be; null without one.
     const SelectItem* Peek() const { return m_pItem.get(); }
     /// The item of this copy alone; null without one. It stays this object's own.
     SelectItem* Get();
+
+    /// Whether this is a copy that nobody took hold of: Peek shows the original, in which nested queries have the query
+    /// kind that a clone has not.
+    bool IsCopy() const { return m_bCopy; }
+    /// Takes the other's item as the other has it, and not as a copy of it.
+    void ShareAs(const QZSharedItem& other);
 
     operator SelectItem*() { return Get(); }  // NOLINT(google-explicit-constructor)
     SelectItem* operator->() { return Get(); }
@@ -29,4 +40,5 @@ class QZ_API QZSharedItem {
 
  private:
     std::shared_ptr<SelectItem> m_pItem;
+    bool m_bCopy = false;
 };

@@ -3,6 +3,8 @@
 #include <type_traits>
 
 #include "QZParserSQL/model/CQZAliasInfo.h"
+#include "QZParserSQL/model/CQZQueryInfo.h"
+#include "QZParserSQL/model/SelectItemSubQuery.h"
 #include "tests/model/Samples.h"
 
 namespace {
@@ -70,6 +72,26 @@ TEST(CQZAliasInfo, AnExpressionIsCopiedWhenSomebodyTakesHoldOfIt) {
     EXPECT_EQ(clone->Expression.Peek()->Text, u"changed");
     EXPECT_EQ(alias.Expression.Get(), shared);
     EXPECT_EQ(shared->Text, u"root");
+}
+
+// A copied query has no query kind; the original keeps its own whoever takes hold of the expression.
+TEST(CQZAliasInfo, OnlyCopiesLoseTheQueryKindOfNestedQueries) {
+    CQZAliasInfo alias;
+    auto subQuery = std::make_unique<SelectItemSubQuery>();
+    subQuery->Query = new CQZQueryInfo;
+    subQuery->Query->SetQueryKind(2);
+    SelectItem* root = Item(u"root");
+    root->Children.AddTail(subQuery.release());
+    alias.Expression = root;
+    const std::unique_ptr<CQZAliasInfo> clone(alias.Clone(0));
+    EXPECT_FALSE(alias.Expression.IsCopy());
+    EXPECT_TRUE(clone->Expression.IsCopy());
+    const auto kindIn = [](SelectItem* expression) {
+        return dynamic_cast<SelectItemSubQuery&>(*expression->Children.GetHead()).Query->GetQueryKind();
+    };
+    EXPECT_EQ(kindIn(alias.Expression.Get()), 2);
+    EXPECT_EQ(kindIn(clone->Expression.Get()), 0);
+    EXPECT_FALSE(clone->Expression.IsCopy());
 }
 
 TEST(CQZAliasInfo, AliasesWithoutAnExpressionShareNone) {

@@ -367,6 +367,8 @@ class State:
 
     def fix_alias_field(self, thing, within):
         """`within` are the aliases in whose expansion the item stands."""
+        if thing['ItemKind'] == 10 and thing.get('FieldAlias', '').lower() in within:
+            thing['Children'] = []
         name = thing.get('FieldName', '') if is_field(thing) else ''
         if name and self.is_alias(name) and not thing.get('TableName') and not thing.get('TableAlias'):
             if name.lower() not in within and len(within) < DEEPEST_EXPANSION:
