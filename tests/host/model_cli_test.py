@@ -114,7 +114,7 @@ class Models(CommandLine):
     def test_what_is_shown_of_a_model_is_cut(self):
         sql = "SELECT a FROM t"
         for number in range(12):
-            sql = f"SELECT a FROM ({sql} UNION SELECT b AS x{number} FROM u) AS d{number}"
+            sql = f"SELECT b FROM u UNION SELECT a AS x{number} FROM ({sql}) AS d{number}"
         out, err = self.expect(DONE, "model", "-d", "access", "-e", sql)
         self.assertIn("Expression Cut=1", out)
         self.assertRegex(err, "^qzsql: -e 1: what is shown of the model is cut")
