@@ -18,8 +18,7 @@ void Parse(CString& text, const std::function<void(CQZSQLTree&)>& use) {
 std::vector<std::string> DroppedTokens() {
     return {// the words that begin a clause or part of one
             "SELECT_KEYWORD", "FROM_KEYWORD", "WHERE_KEYWORD", "GROUP_KEYWORD", "ORDER_KEYWORD", "BY_KEYWORD",
-            "HAVING_KEYWORD", "COMPUTE_KEYWORD", "FOR_KEYWORD", "OPTION_KEYWORD", "UNION_KEYWORD_",
-            "PARTITION_KEYWORD",
+            "HAVING_KEYWORD", "COMPUTE_KEYWORD", "FOR_KEYWORD", "OPTION_KEYWORD", "UNION_KEYWORD_", "PARTITION_KEYWORD",
             // AS but for that of CAST, NOT before a condition, the qualifier of a function
             "LITERAL_AS", "NOT_KEYWORD", "IDENTIFICATOR",
             // separators and parentheses, where the tree tells the same
@@ -56,8 +55,7 @@ std::vector<std::string> KindsNeverMade() {
 }  // namespace
 
 const Dialect& OracleDialect() {
-    static const Dialect dialect{
-        "oracle",     QZGrammarOracle(), Parse, DroppedTokens(), {"EXPAND", "BYNATY", "SET"},
-        InnerKinds(), KindsNeverMade()};
+    static const Dialect dialect{"oracle",     QZGrammarOracle(), Parse, DroppedTokens(), {"EXPAND", "BYNATY", "SET"},
+                                 InnerKinds(), KindsNeverMade()};
     return dialect;
 }
