@@ -237,7 +237,7 @@ TEST_F(ModelFormats, AnAliasThatCameUnchangedIsInherited) {
     EXPECT_EQ(shown["Aliases"]["c"]["Expression"]["Text"], "changed");
     EXPECT_EQ(shown["Aliases"]["d"]["Expression"]["Text"], "e");
     EXPECT_EQ(shown["From"][0]["Query"]["Aliases"]["d"]["Name"], "d") << "not from the query next to it";
-    EXPECT_NE(Text().find("            \"a\" Inherited=1\n"), std::string::npos);
+    EXPECT_NE(Text().find("\"a\" Inherited=1\n"), std::string::npos);
 }
 
 /// The queries of a union, each with the same alias, as those have whose aliases are found once.
