@@ -23,7 +23,7 @@ std::vector<Nesting> Nestings() {
         {"functions", u"SELECT " + AMegabyteOf(u"ABS(")},
         {"unions", Repeated(u"SELECT a UNION ", 20000) + u"SELECT a"},
         {"joins", u"SELECT a FROM " + AMegabyteOf(u"a INNER JOIN (")},
-        {"joins in a row", u"SELECT a FROM t" + Repeated(u" JOIN u ON a = b", 20000)},
+        {"joins in a row", u"SELECT a FROM t" + Repeated(u" JOIN u ON a = b", 100000)},
     };
 }
 

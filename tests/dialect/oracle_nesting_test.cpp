@@ -26,7 +26,7 @@ std::vector<Nesting> Nestings() {
         {"user functions", u"SELECT " + AMegabyteOf(u"f(")},
         {"unions", Repeated(u"SELECT a UNION ", 20000) + u"SELECT a"},
         {"joins", u"SELECT a FROM " + AMegabyteOf(u"a INNER JOIN (")},
-        {"joins in a row", u"SELECT a FROM t" + Repeated(u" JOIN u ON a = b", 20000)},
+        {"joins in a row", u"SELECT a FROM t" + Repeated(u" JOIN u ON a = b", 100000)},
     };
 }
 
