@@ -10,7 +10,7 @@ class MSAccessSQL_v3StateSelectQuery final : public StateSelectQuery {
     explicit MSAccessSQL_v3StateSelectQuery(CQZSQLTree* pTree);
 
  private:
-    /// A column specification on its way into an item, with the texts for its record.
+    /// A column on its way into an item, with the texts for its record.
     struct Column {
         SelectItemField& item;
         CString table;
