@@ -9,8 +9,8 @@
 
 namespace {
 
-using N = HandMadeTree;
-using Nodes = std::vector<HandMadeTree>;
+using N = HandMadeTree<QZGrammarMSAccessSQL_v3>;
+using Nodes = std::vector<N>;
 
 N Name(const CString& text) { return {"IDENTIFICATOR", text}; }
 N Column(const CString& text) { return {"COLUMN_SPECIFICATION", Nodes{{"COLUMN_NAME", Nodes{Name(text)}}}}; }
@@ -23,7 +23,7 @@ std::string Built(Nodes clauses) {
     concrete::Database database;
     CQZQueryInfo query;
     query.SetDatabase(&database);
-    HandMadeTree select("SELECT_QUERY", std::move(clauses));
+    N select("SELECT_QUERY", std::move(clauses));
     MSAccessSQL_v3StateSelectQuery state(&select);
     state.m_pQuery = &query;
     state.Build();

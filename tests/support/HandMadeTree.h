@@ -11,7 +11,9 @@
 #include "QZParserSQL/dialect/QZRecognizers.h"
 #include "QZParserSQL/front/CQZSQLTree.h"
 
-/// A node of MS Access with its children. Without a text it is one that the grammar makes and bears its type's name.
+/// A node of a grammar (QZGrammarMSSQL) with its children. Without a text it is one that the grammar makes and bears
+/// its type's name.
+template <const QZGrammar& (*Grammar)()>
 class HandMadeTree : public CQZSQLTree {
  public:
     HandMadeTree(std::string_view type, std::vector<HandMadeTree> children = {})  // NOLINT(google-explicit-constructor)
@@ -28,7 +30,7 @@ class HandMadeTree : public CQZSQLTree {
 
  private:
     static std::uint32_t TypeNamed(std::string_view name) {
-        const QZGrammar& grammar = QZGrammarMSAccessSQL_v3();
+        const QZGrammar& grammar = Grammar();
         for (std::uint32_t type = 0; type < QZTokenTypeCount(grammar); ++type) {
             const char* known = QZTokenName(grammar, type);
             if (known != nullptr && known == name) return type;

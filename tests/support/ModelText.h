@@ -10,9 +10,9 @@
 #include "tests/catalog/Concrete.h"
 
 /// The outline of a query's model.
-inline std::string OutlineOf(const CQZQueryInfo& query) {
+inline std::string OutlineOf(const CQZQueryInfo& query, const QZGrammar& grammar = QZGrammarMSAccessSQL_v3()) {
     std::string outline;
-    qzsql::AppendModelText(outline, {QZGrammarMSAccessSQL_v3(), query});
+    qzsql::AppendModelText(outline, {grammar, query});
     return outline;
 }
 
