@@ -8,9 +8,9 @@ As a program: newline-delimited {"id", "sql"} in, {"id", "tree", "status", "toke
 
 import re
 
-from engine import (CAPITALS, Dialect, Row, Token, before, choice, committed_token, drop, error_entry, imaginary_root,
-                    keep, list_of, many, not_before, nothing, operator_token, opt, quoted, root, seq, strict_many,
-                    strict_opt, with_deep_stack, words)
+from engine import (CAPITALS, Dialect, Row, Token, before, choice, committed_token, drop, enclosed_token, error_entry,
+                    imaginary_root, keep, list_of, many, not_before, nothing, operator_token, opt, quoted, root, seq,
+                    strict_many, strict_opt, with_deep_stack, words)
 
 
 # ---------------------------------------------------------------------------------------------------- vocabulary
@@ -91,7 +91,7 @@ def next_token(units, at):
     if (match := DIGITS.match(units, at)):
         return Token('DIGIT', match.group()), match.end()
     if units[at] in ENCLOSED:
-        return enclosed_token(units, at)
+        return enclosed_token(ENCLOSED, units, at)
     return operator_token(OPERATORS, units, at)
 
 
@@ -105,18 +105,6 @@ def word_token(units, at, end):
     if units.startswith('$', end) and capitals + '$' in KEYWORDS:
         return Token(KEYWORDS[capitals + '$'], word + '$'), end + 1
     return Token(KEYWORDS.get(capitals, 'IDENTIFICATOR'), word), end
-
-
-def enclosed_token(units, at):
-    """Without a closing character the whole rest of the text is lost."""
-    closing, name, alone = ENCLOSED[units[at]]
-    if at + 1 == len(units):
-        return Token(alone, units[at]), at + 1
-    end = units.find(closing, at + 1)
-    if end < 0:
-        return None, len(units)
-    return Token(name, units[at:end + 1]), end + 1
-
 
 
 # --------------------------------------------------------------------------------------------------- sets of tokens

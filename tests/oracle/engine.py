@@ -92,6 +92,19 @@ def committed_token(literal, units, at):
     return None, at + matched + 1
 
 
+def enclosed_token(enclosed, units, at):
+    """A token between two characters: `enclosed` gives for an opening one the closing one, the token, and the token of
+    the opening one at the end of the text. Without a closing character the whole rest of the text is lost.
+    """
+    closing, name, alone = enclosed[units[at]]
+    if at + 1 == len(units):
+        return Token(alone, units[at]), at + 1
+    end = units.find(closing, at + 1)
+    if end < 0:
+        return None, len(units)
+    return Token(name, units[at:end + 1]), end + 1
+
+
 def token_lines(tokens):
     return [token.label() + (' @hidden' if token.hidden else '') for token in tokens if token.type != EOF]
 
@@ -368,6 +381,19 @@ def error_entry(parser, query_label):
     """A text that does not begin like a query: the query is an error node, and all tokens trail."""
     parser.has_reported = True
     return 0, [(ADD, Node(query_label, [Node('ERROR')]))]
+
+
+def select_entry(query_label):
+    """The entry of a query that may stand in parentheses: of two before SELECT the second is lost, with a report."""
+    beginnings = (['SELECT_KEYWORD'], ['LEFT_PAREN', 'SELECT_KEYWORD'], ['LEFT_PAREN', 'LEFT_PAREN', 'SELECT_KEYWORD'])
+
+    def entry(parser):
+        for begin in beginnings:
+            if parser.types[:len(begin)] == begin:
+                parser.has_reported = len(begin) == 3
+                return parser.rule('all_sql_query', max(0, len(begin) - 2))
+        return error_entry(parser, query_label)
+    return entry
 
 
 def sexpr(node):

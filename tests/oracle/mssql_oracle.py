@@ -6,9 +6,9 @@ As a program: newline-delimited {"id", "sql"} in, {"id", "tree", "status", "toke
 
 import re
 
-from engine import (CAPITALS, Dialect, Row, Token, before, choice, committed_token, drop, enclosed, error_entry, keep,
-                    keep_other_than, list_of, many, nothing, operator_token, opt, quoted, root, seq, with_deep_stack,
-                    words)
+from engine import (CAPITALS, Dialect, Row, Token, before, choice, committed_token, drop, enclosed, keep,
+                    keep_other_than, list_of, many, nothing, operator_token, opt, quoted, root, select_entry, seq,
+                    with_deep_stack, words)
 
 
 # ---------------------------------------------------------------------------------------------------- vocabulary
@@ -397,18 +397,7 @@ NODES = {
 }
 
 
-# ------------------------------------------------------------------------------------------------------------ entry
-
-def sql_root(parser):
-    """Of two opening parentheses before SELECT the second is lost, with a report."""
-    for begin in (['SELECT_KEYWORD'], ['LEFT_PAREN', 'SELECT_KEYWORD'], ['LEFT_PAREN', 'LEFT_PAREN', 'SELECT_KEYWORD']):
-        if parser.types[:len(begin)] == begin:
-            parser.has_reported = len(begin) == 3
-            return parser.rule('all_sql_query', max(0, len(begin) - 2))
-    return error_entry(parser, 'SELECT_QUERY_')
-
-
-DIALECT = Dialect(next_token, RULES, NODES, sql_root)
+DIALECT = Dialect(next_token, RULES, NODES, select_entry('SELECT_QUERY_'))
 
 
 if __name__ == '__main__':
