@@ -51,7 +51,8 @@ StateSelectQuery::NamesOfSelect StateSelectQuery::NamesHere() {
 NameIndex StateSelectQuery::ReadNames() const {
     NameIndex names;
     bool behindDatabase = false;
-    std::vector<CQZSQLTree*> open;  // nodes that have been entered and not left, and those still to be entered
+    std::size_t openAtDatabase = 0;  // how many of the open SELECTs hold the name of the database
+    std::vector<CQZSQLTree*> open;   // nodes that have been entered and not left, and those still to be entered
     std::vector<CQZSQLTree*> waiting = {m_pTree};
     while (!waiting.empty()) {
         CQZSQLTree& node = *waiting.back();
@@ -60,6 +61,7 @@ NameIndex StateSelectQuery::ReadNames() const {
         if (!open.empty() && open.back() == &node) {  // all below it has been read
             open.pop_back();
             waiting.pop_back();
+            openAtDatabase = std::min(openAtDatabase, open.size());
             auto& range = names.ranges[&node];
             range.lastAlias = names.aliases.GetCount();
             range.lastTable = names.tables.GetCount();
@@ -72,10 +74,18 @@ NameIndex StateSelectQuery::ReadNames() const {
             waiting.pop_back();
         }
         if (DeclaresAlias(kind)) names.aliases.Add(node, {}, AliasKey(node, AliasName(node)), false);
-        if (kind == NodeKind::DB_NAME) behindDatabase = m_Traits.databaseNames;
+        if (kind == NodeKind::DB_NAME && m_Traits.databaseNames) {
+            behindDatabase = true;
+            openAtDatabase = open.size();
+        }
         if (kind == NodeKind::TABLE_NAME) {
             const CString name = NameAt(node);
             names.tables.Add(node, name, behindDatabase ? u"." + name : name, behindDatabase);
+            if (behindDatabase && openAtDatabase < open.size()) {  // a SELECT within does not see the name around it
+                for (auto inner = openAtDatabase; inner < open.size(); ++inner)
+                    names.ranges[open[inner]].firstTable = names.tables.GetCount();
+                names.tables.Add(node, name, name, false);
+            }
             behindDatabase = false;
         }
         for (std::uint32_t index = node.GetChildCount(); index > 0; --index)
