@@ -41,13 +41,20 @@ std::unique_ptr<StateSelectQuery> OracleStateSelectQuery::NewState(CQZSQLTree* p
     return std::make_unique<OracleStateSelectQuery>(pTree);
 }
 
-// Two bars are an operator between conditions. As a concatenation they are walked through their first child.
+// Two bars that join conditions are an operator. As a concatenation they are walked through their first child. In a
+// chain an operand that is no condition stands behind one that is.
 bool OracleStateSelectQuery::IsOperatorNode(CQZSQLTree& node) const {
-    static const NodeKindSet kConditions = SetOf({K::SEARCH_CONDITION, K::BETWEEN_KEYWORD, K::NOT_KEYWORD,
-                                                  K::AND_KEYWORD, K::AND_KEYWORD2, K::OR_KEYWORD, K::OR_KEYWORD2});
     if (KindOf(&node) != K::OR_KEYWORD2) return StateSelectQuery::IsOperatorNode(node);
-    const std::uint32_t count = node.GetChildCount();
-    return count > 1 && Has(kConditions, KindOf(node.GetChild(count - 1)));
+    CQZSQLTree* left = ChildOf(node, 0);
+    return HasCondition(node) || (KindOf(left) == K::OR_KEYWORD2 && HasCondition(*left));
+}
+
+bool OracleStateSelectQuery::HasCondition(CQZSQLTree& node) const {
+    static const NodeKindSet kConditions = SetOf(
+        {K::SEARCH_CONDITION, K::NOT_CONDITION, K::BETWEEN_KEYWORD, K::AND_KEYWORD, K::AND_KEYWORD2, K::OR_KEYWORD});
+    for (std::uint32_t index = 0; index < node.GetChildCount(); ++index)
+        if (Has(kConditions, KindOf(node.GetChild(index)))) return true;
+    return false;
 }
 
 // --------------------------------------------------------------------------------------------------------- aliases

@@ -28,5 +28,6 @@ class OracleStateSelectQuery final : public StateSelectQuery {
     CString NewNameText(CQZSQLTree& node) const override;
     CFieldObject ScannedRecordOf(const ColumnParts& parts) const override;
 
+    bool HasCondition(CQZSQLTree& node) const;
     CQZAliasInfo* FindAlias(const CString& strName, const CString& strSuffix) const;
 };

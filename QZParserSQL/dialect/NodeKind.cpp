@@ -63,6 +63,7 @@ constexpr std::string_view kNames[] = {
     "MINUS",
     "NESTED_JOIN",
     "NEW_NAME",
+    "NOT_CONDITION",
     "NOT_EQ",
     "NOT_IN_KEYWORD",
     "NOT_KEYWORD",

@@ -68,6 +68,7 @@ enum class NodeKind : std::uint8_t {
     MINUS,
     NESTED_JOIN,
     NEW_NAME,
+    NOT_CONDITION,
     NOT_EQ,
     NOT_IN_KEYWORD,
     NOT_KEYWORD,
