@@ -76,16 +76,20 @@ def display_names(names: dict[str, int], literals: dict[int, str]) -> list[str]:
     return shown
 
 
+# Names that system headers define as macros; a host may have included those before.
+SYSTEM_MACROS = {"CONST", "DATE", "DELETE", "ERROR", "IN", "MAX", "MIN", "OPTIONAL", "OUT", "STRICT"}
+
+
+def without_macros(names: set[str], text: str) -> str:
+    push = "".join(f'#pragma push_macro("{name}")\n#undef {name}\n' for name in sorted(names))
+    pop = "".join(f'#pragma pop_macro("{name}")\n' for name in sorted(names))
+    return f"{push}{text}{pop}"
+
+
 def write_token_header(path: Path, name: str, names: dict[str, int]) -> None:
     rows = "\n".join(f"    {token} = {number}," for token, number in sorted(names.items(), key=lambda kv: kv[1]))
     path.parent.mkdir(parents=True, exist_ok=True)
-    path.write_text(
-        f"""// The token types of the grammar {name}. Made by the build.
-#pragma once
-
-#include <cstdint>
-
-namespace {name} {{
+    tokens = f"""namespace {name} {{
 
 /// What GetType of a view and QZTypeOf give for a tree of this grammar. WORD_x and SIGN_x are the words and signs that
 /// count in one case only; QZTokenName shows them in quotes.
@@ -95,7 +99,8 @@ enum TokenType : std::uint32_t {{
 
 }}  // namespace {name}
 """
-    )
+    head = f"// The token types of the grammar {name}. Made by the build.\n#pragma once\n\n#include <cstdint>\n\n"
+    path.write_text(head + without_macros(SYSTEM_MACROS & set(names), tokens))
 
 
 def write_table(path: Path, name: str, entry: str, shown: list[str]) -> None:

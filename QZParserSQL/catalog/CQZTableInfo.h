@@ -116,10 +116,6 @@ class QZ_API CQZTableInfo : public CQZSourceInfo {
     /// 0 when another table of the database that is not processed has a foreign key to this one, else 1.
     int CanFinish() const;
 
- protected:
-    CQZIndexInfo* m_pPrimaryIndex = nullptr;
-    int m_bPrimaryIndexDirty = 1;
-
  private:
     struct Options;
 
@@ -132,6 +128,12 @@ class QZ_API CQZTableInfo : public CQZSourceInfo {
     void LoadFilter(QZSettingsStore* pStore, QZObjectFactory* pFactory);
 
     int m_nUpdating = 0;
+
+ protected:
+    CQZIndexInfo* m_pPrimaryIndex = nullptr;
+    int m_bPrimaryIndexDirty = 1;
+
+ private:
     CQZDatabaseInfo* m_pDatabase = nullptr;
     QZOwned<CQZFilterInfo> m_pFilter;
     int CopyStructure = 1;
