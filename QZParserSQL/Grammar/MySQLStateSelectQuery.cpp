@@ -51,7 +51,7 @@ void MySQLStateSelectQuery::WalkNode(const WalkPlace& place) {
     if (place.node->GetChildCount() > 0) StateSelectQuery::WalkNode(place);
 }
 
-// A star of its own has an item below the field.
+// A star of its own has an item below the field, and is recorded unless a name stands there.
 void MySQLStateSelectQuery::BuildField(const WalkPlace& place) {
     CQZSQLTree& node = *place.node;
     CQZSQLTree* named = ChildOf(node, KindOf(ChildOf(node, 0)) == K::TABLE_NAME ? 1 : 0);
@@ -60,6 +60,6 @@ void MySQLStateSelectQuery::BuildField(const WalkPlace& place) {
     auto& item = Append<SelectItemField>(*place.list);
     FillField(item, parts);
     Append(item.Children).Text = u"*";
-    parts.column = u"*";
+    if (KindOf(named) != K::COLUMN_NAME) parts.column = u"*";
     Record(RecordOf(parts));
 }
