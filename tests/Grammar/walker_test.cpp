@@ -279,9 +279,10 @@ TEST(MySQLWalker, PartsOfAJoin) {
 
 TEST(MySQLWalker, OtherNodesLeadToTheirFirstChild) {
     for (const char* type :
-         {"ASTERISK_", "BY", "COLUMN_NAME", "COMMA", "ERROR", "FUNC_PARAM", "NUMBER_LITERAL", "TABLE_NAME"})
+         {"ASTERISK_", "BY", "COLUMN_NAME", "COMMA", "ERROR", "FUNC_PARAM", "NUMBER_LITERAL", "TABLE_NAME"}) {
         EXPECT_EQ(Operand({type, Nodes{{"BY", Nodes{Number(u"1"), Number(u"2")}}, Number(u"3")}}), Constant("1"))
             << type;
+    }
 }
 
 // --------------------------------------------------------------------------------------------------------- columns
