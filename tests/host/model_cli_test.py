@@ -65,6 +65,24 @@ class Models(CommandLine):
             union = self.model("SELECT a FROM t UNION SELECT b FROM u", dialect)["Union"][0]["Query"]
             self.assertEqual((union["DataType"], union["QueryKind"]), (kind, kind), dialect)
 
+    def test_mysql(self):
+        sql = "SELECT T1.a, 1.5 FROM t AS T1 LIMIT 5"
+        expected = {
+            "SQL": sql,
+            "Select": [{"Class": "Field", "ItemKind": 5, "TableName": "T1", "FieldName": "a"}, {"ItemKind": 1, "Text": "1."}],
+            "From": [{"ItemKind": 4, "FuncName": "ALIAS", "TokenType": "ALIAS", "IsOperator": 1, "Children": [
+                {"Class": "Field", "ItemKind": 5, "TableName": "t"}, {"ItemKind": 1, "Text": "T1"}]}],
+            "Aliases": {"t1": {"SrcName": "T1", "Name": "T1", "Expression": {"ItemKind": 0}}},
+            "Sources": {"T1": "T1", "t": "t"},
+            "Fields": {"T1a_0": {"TableName": "T1", "FieldName": "a"}},
+        }
+        self.assertEqual(self.model(sql, "mysql"), expected)
+        out = self.results("batch", "-d", "mysql", "--emit", "model", "-j", "3", stdin=batch_of(*[sql] * 50))
+        self.assertEqual([json.loads(line)["model"] for line in out.splitlines()], [expected] * 50)
+        self.assertEqual(self.model("SELECT 1 + `f`(2)", "mysql")["UserFunctions"], {"f": 1})
+        self.assertEqual(self.expect(DONE, "model", "-d", "mysql", "-e", "SELECT t.* FROM t")[1],
+                         "-e 1:1:9: not understood from here on: 4 tokens, 9 characters\n")
+
     def test_the_librarys_console_lines_go_nowhere(self):
         self.assertEqual(self.model("SELECT [t.a] FROM t")["Select"][0]["TableName"], "[t]")
         self.assertNotIn("Output", self.results("batch", "-d", "access", "--emit", "model", stdin=batch_of("SELECT [t.a]")))
