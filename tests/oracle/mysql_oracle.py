@@ -7,8 +7,8 @@ As a program: newline-delimited {"id", "sql"} in, {"id", "tree", "status", "toke
 import re
 
 from engine import (CAPITALS, ROOT, Dialect, Row, Token, before, choice, committed_token, drop, error_entry,
-                    imaginary_root, keep, keep_other_than, list_of, many, not_before, nothing, operator_token, opt, quoted,
-                    root, seq, with_deep_stack, words)
+                    imaginary_root, keep, keep_other_than, list_of, many, not_before, nothing, operator_token, opt,
+                    quoted, root, seq, with_deep_stack, words)
 
 
 # ---------------------------------------------------------------------------------------------------- vocabulary
@@ -156,11 +156,6 @@ DATE_PART = quoted(words("mi yy wk mm"))
 LOGICAL_OPERATOR = words("AND_KEYWORD OR_KEYWORD AND_KEYWORD2 OR_KEYWORD2")
 
 COMPARISON = words("IN_KEYWORD NOT NOT_IN_KEYWORD IS_KEYWORD LIKE_KEYWORD EQ L_T GT NOT_EQ LE GE LOJ GOJ")
-
-TABLE_HINT = quoted(words("""
-    FASTFIRSTROW HOLDLOCK NOLOCK PAGLOCK READCOMMITTED READPAST READUNCOMMITTED REPEATABLEREAD ROWLOCK SERIALIZABLE
-    TABLOCK TABLOCKX UPDLOCK XLOCK
-"""))
 
 SIGN = words("PLUS MINUS")
 NAME_START = words("IDENTIFICATOR MY_ONE_QUOTE")
@@ -323,8 +318,8 @@ RULES = {
     'between_logical_expression': seq('expression', opt(seq(root(*LOGICAL_OPERATOR), 'expression'))),
     'search_condition': seq(opening, 'func_comparison', closing),
     'func_comparison': seq('func_parameter', root(*COMPARISON), choice('func_parameter', 'node_sql_query')),
-    'func_parameter': seq(opening, choice('expression', seq("'@'", 'IDENTIFICATOR')), many(seq(drop('COMMA'), 'expression')),
-                          closing),
+    'func_parameter': seq(opening, choice('expression', seq("'@'", 'IDENTIFICATOR')),
+                          many(seq(drop('COMMA'), 'expression')), closing),
 
     # Arithmetic
     'expression': seq('term', many(seq(root(*SIGN), 'term'))),

@@ -3,7 +3,7 @@
 import random_texts
 from mysql_oracle import (CONFIGURATION_FUNCTION, DATA_TYPE, DATE_PART, DATETIME_FUNCTION, KEYWORDS, LITERAL_WORDS,
                           LITERALS_WITH_BLANK, NEGATED_KEYWORDS, NUMBER_FUNCTION, OPERATORS, OTHER_FUNCTION,
-                          STRING_FUNCTION, SYSTEM_VARIABLES, TABLE_HINT, keyword_text)
+                          STRING_FUNCTION, SYSTEM_VARIABLES, keyword_text)
 
 
 def texts_of(tokens):
@@ -27,7 +27,7 @@ LOGICAL = ['AND', 'OR', '&&', '||', 'and']
 ARITHMETIC = ['+', '-', '*', '/', '%', '&', '| |', '|', 'MOD']
 JOIN_TYPES = ['INNER', 'LEFT', 'RIGHT', 'FULL', 'LEFT OUTER', 'RIGHT OUTER', 'NATURAL', 'NATURAL LEFT',
               'NATURAL RIGHT OUTER', 'CROSS', 'STRAIGHT', 'INNER LOOP', 'CROSS OUTER', '( LEFT )', '', '', '']
-TABLE_HINTS = texts_of(TABLE_HINT) + ['INDEX 1', 'INDEX 1 2', 'nolock', 'INDEX']
+TABLE_HINTS = LITERAL_WORDS[LITERAL_WORDS.index('FASTFIRSTROW'):] + ['INDEX 1', 'INDEX 1 2', 'nolock', 'INDEX']
 HINTS = ['HASH GROUP', 'ORDER GROUP', 'CONCAT UNION', 'HASH UNION', 'MERGE UNION', 'FAST 5', 'FORCE ORDER', 'MAXDOP 2',
          'KEEP PLAN', 'KEEPFIXED PLAN', 'ROBUST PLAN', 'EXPAND VIEWS', 'LOOP GROUP', 'hash GROUP', 'MERGE GROUP']
 FOR_MODES = ['BROWSE', 'XML RAW', 'XML AUTO . XMLDATA', 'XML EXPLICIT . ELEMENTS . BYNATY base64',
@@ -36,7 +36,8 @@ PIECES = ([text[:cut] for text in [*LITERALS_WITH_BLANK.values(), *NEGATED] for 
           [name[:cut] for name in SYSTEM_VARIABLES for cut in (2, 4, len(name) - 1, len(name))] +
           ['NOT' + blank + chr(code) for blank in ['', ' ', '  ', '\t'] for code in range(33, 127)] +
           [chr(code) for code in range(1, 127)] +
-          ['\u00e4', '\u20ac', '\ufffe', '\U0001f600', 'EXPAND', 'BYNATY', '@@', 'NOT ISNULL', 'not inner', 'NOT NULLX'])
+          ['\u00e4', '\u20ac', '\ufffe', '\U0001f600', 'EXPAND', 'BYNATY', '@@', 'NOT ISNULL', 'not inner',
+           'NOT NULLX'])
 # One word or sign in every place.
 FRAMES = ['SELECT {}', 'SELECT {} a', 'SELECT a {}', 'SELECT a {} b', 'SELECT {} ( a )', 'SELECT {} ( + )',
           'SELECT {} . a', 'SELECT a . {}', 'SELECT a . b . {}', 'SELECT a . b * {}', 'SELECT a AS {}', 'SELECT - {}',
@@ -44,8 +45,8 @@ FRAMES = ['SELECT {}', 'SELECT {} a', 'SELECT a {}', 'SELECT a {} b', 'SELECT {}
           'SELECT {} )', 'SELECT ( {} , a )', 'SELECT a = ( {} , a )', 'SELECT ABS ( {} )', 'SELECT ABS ( {} , a )',
           'SELECT ABS ( a {} b )', 'SELECT ABS {}', 'SELECT ABS ( a ) {} b', 'SELECT `f` ( {} )', 'SELECT `f` {} a',
           'SELECT COUNT ( {} )', 'SELECT COUNT {}', 'SELECT COUNT ( {} a )', 'SELECT COUNT ( {} , a )',
-          'SELECT COUNT ( a AS {} )', 'SELECT CAST ( a AS {} )', 'SELECT CONVERT ( {} , a )', 'SELECT CONVERT ( a , {} )',
-          'SELECT CONVERT ( int , a , {} )', 'SELECT CAST ( a AS char ( {} ) )', 'SELECT CAST ( a AS char {} )',
+          'SELECT COUNT ( a AS {} )', 'SELECT CAST ( a AS {} )', 'SELECT CONVERT ( {} , a )',
+          'SELECT CONVERT ( a , {} )', 'SELECT CONVERT ( int , a , {} )', 'SELECT CAST ( a AS char ( {} ) )', 'SELECT CAST ( a AS char {} )',
           'SELECT CASE {} WHEN a THEN b END', 'SELECT CASE WHEN {} THEN b END', 'SELECT CASE WHEN a = 1 {} 2 END',
           'SELECT CASE WHEN a THEN ( b ) {} END', 'SELECT CASE WHEN a THEN b {} c END', 'SELECT { fn {} ( a ) }',
           'SELECT { {} ( ) } }', 'SELECT fn {}', 'SELECT EXISTS {}', 'SELECT NOT EXISTS {}', 'SELECT ` {} `',
@@ -75,6 +76,27 @@ FRAMES = ['SELECT {}', 'SELECT {} a', 'SELECT a {}', 'SELECT a {} b', 'SELECT {}
           'SELECT a OPTION {}', 'SELECT a OPTION HASH {}', 'SELECT a OPTION {} GROUP', 'SELECT a OPTION {} UNION',
           'SELECT a OPTION {} PLAN', 'SELECT a UNION {} SELECT b', 'SELECT a UNION ( SELECT b ) {} UNION SELECT c',
           'SELECT a | | b | | {}']
+
+# A clause, and the words and signs that are thrown behind it in any order.
+SOUPS = [('SELECT', 'a b . , ( ( ) ) * - = AS ABS COUNT SELECT `f` 1 FROM'),
+         ('SELECT', 'a ( ( ) ) ABS NOW { } fn EXISTS SELECT , + DATE'),
+         ('SELECT CASE', '( ) a = 1 AND WHEN THEN ELSE END END ,'),
+         ('SELECT CAST (', 'a ( ) , AS CHAR INT 1 MAX ALL 2'),
+         ('( SELECT', 'a ( ) ) UNION ALL SELECT FROM t ORDER BY ,'),
+         ('( SELECT a FROM', "t ( ) ) UNION SELECT b 'x)' `(`"),
+         ('SELECT a FROM', 't u . ( ( ) ) JOIN JOIN LEFT OUTER ON = ,'),
+         ('SELECT a FROM', 't ( ( ) ) JOIN INNER NATURAL RIGHT STRAIGHT ON x = y AND AS'),
+         ('SELECT a FROM (', 'SELECT a b t ( ) ) ) AS x , ORDER BY JOIN FROM'),
+         ('SELECT a FROM t JOIN u ON', 'x = y ( ( ) ) AND JOIN , LEFT'),
+         ('SELECT a FROM t WHERE', 'a b ( ( ) ) = , AND OR NOT\t'),
+         ('SELECT a FROM t WHERE a = 1 AND (', 'b = 2 ( ( ) ) ) AND || , + IN'),
+         ('SELECT a FROM t WHERE (', 'a 1 ( ( ) ) BETWEEN AND AND NOT\t = ,'),
+         ('SELECT a FROM t WHERE', '- + 1 . E ( ( ) ) = AND NULL @ x'),
+         ('SELECT', "' ' / 1 . E - ( ) NULL , Jan a"),
+         ('SELECT', "` ` ' ' ( ) a . , AND"),
+         ('SELECT a', 'GROUP ORDER BY BY a , 1 with ROLLUP ASC LIMIT ALL'),
+         ('SELECT a', 'FOR XML RAW AUTO . XMLDATA ELEMENTS OPTION HASH GROUP UNION CONCAT , FAST 1 PLAN KEEP'),
+         ('SELECT', 'ALL DISTINCT TOP ( ) 5 PERCENT WITHTIES a - . ,')]
 
 
 class Writer(random_texts.Writer):
@@ -149,9 +171,12 @@ class Writer(random_texts.Writer):
                 self.rng.choice(['CONVERT', 'CAST', 'convert', 'MAX']), self.type(), self.expression(depth),
                 self.rng.choice(['', '', ', 3', ', 103', ', 1E+2', ', a', ','])),
             lambda: self.rng.choice(['EXISTS', 'NOT EXISTS', 'not exists']) + ' ' + self.subquery(depth - 1),
-            lambda: self.rng.choice(['{{ fn {} {} }}', '{{ fn {} {} }}', '{{ {} {} }}', 'fn {} {}', '{{ fn {} {}']).format(
-                self.rng.choice(['NOW', 'now', 'DATE', 'UCASE']),
-                self.rng.choice(['( )', '( )', '(', '', f'( {self.expression(depth)} )', '( * )', 'a'])))
+            lambda: self.escape(depth))
+
+    def escape(self, depth):
+        parameters = self.rng.choice(['( )', '( )', '(', '', f'( {self.expression(depth)} )', '( * )', 'a'])
+        call = self.rng.choice(['NOW', 'now', 'DATE', 'UCASE']) + ' ' + parameters
+        return self.rng.choice(['{{ fn {} }}', '{{ fn {} }}', '{{ {} }}', 'fn {}', '{{ fn {}']).format(call)
 
     def group_call(self, depth):
         quantifier = self.rng.choice(['', '', '', 'ALL ', 'DISTINCT '])
@@ -177,8 +202,7 @@ class Writer(random_texts.Writer):
             lambda: f'{self.condition(depth - 1)} {self.rng.choice(LOGICAL)} {self.condition(depth - 1)}',
             lambda: f'( {self.condition(depth - 1)} )',
             lambda: f'( {self.chain(depth)} )',
-            lambda: f'{self.condition(depth - 1)} {self.rng.choice(LOGICAL)} ( {self.chain(depth)} )',
-            lambda: f'{self.leaf()} = 1 {self.rng.choice(LOGICAL)} ( {self.chain(depth)} ) {self.chance(.3, self.tail)}',
+            lambda: f'{self.condition(depth - 1)} {self.operand_chain(depth)}',
             lambda: f'( {self.condition(depth - 1)} ) {self.rng.choice(COMPARISONS)} {self.expression(depth - 1)}',
             lambda: f'NOT\t{self.condition(depth - 1)}',
             lambda: f'( NOT {self.condition(depth - 1)} )',
@@ -195,8 +219,10 @@ class Writer(random_texts.Writer):
     def chain(self, depth):
         return self.some(lambda: self.condition(depth - 1), f' {self.rng.choice(LOGICAL)} ')
 
-    def tail(self):
-        return self.rng.choice([')', ') )', ') ) )', '= 1', 'LIKE b', 'AND c = 2', 'OR ( d = 1 OR e = 2 )', '+ 1', ', 2'])
+    def operand_chain(self, depth):
+        tail = self.rng.choice(['', '', ')', ') )', ') ) )', '= 1', 'LIKE b', 'AND c = 2', 'OR ( d = 1 OR e = 2 )',
+                                '+ 1', ', 2'])
+        return f'{self.rng.choice(LOGICAL)} ( {self.chain(depth)} ) {tail}'
 
     def between(self, depth):
         left = self.expression(depth - 1)
@@ -221,8 +247,15 @@ class Writer(random_texts.Writer):
     def simple_source(self, depth):
         if depth > 0 and self.rng.random() < .25:
             return self.pick(lambda: f'{self.subquery(depth - 1)} {self.alias(.7)}',
-                             lambda: f'( {self.subquery(depth - 1)} ) {self.alias(.7)} {self.chance(.5, self.name)}')
+                             lambda: f'( {self.subquery(depth - 1)} ) {self.alias(.7)} {self.chance(.5, self.name)}',
+                             self.derived_table)
         return f'{self.table()} {self.alias(.3)}'
+
+    def derived_table(self):
+        """Its query has eaten parentheses, a name stands behind the others, and a list may follow."""
+        query = self.rng.choice(['SELECT b', 'SELECT b FROM u', 'SELECT b WHERE c = 1', 'SELECT b ORDER BY c'])
+        items = self.chance(.5, lambda: self.some(self.leaf, ' , '))
+        return f'( {query} {") " * self.rng.randint(1, 5)} {self.alias(.9)} {items}'
 
     def subquery(self, depth):
         """Closing parentheses are eaten by many rules, so that a query in parentheses may want more of them."""
@@ -234,7 +267,7 @@ class Writer(random_texts.Writer):
         return f'{word} ( {self.some(lambda: self.rng.choice(TABLE_HINTS), " , ")} {self.rng.choice([")", ") )"])}'
 
     def on(self, depth):
-        return self.chance(.85, lambda: 'ON ' + self.some(
+        return self.chance(.9, lambda: 'ON x = y' if self.rng.random() < .5 else 'ON ' + self.some(
             lambda: self.on_condition(0 if self.rng.random() < .7 else depth), f' {self.rng.choice(LOGICAL)} ', 2))
 
     def on_condition(self, depth):
@@ -306,11 +339,17 @@ class Writer(random_texts.Writer):
             lambda: f'SELECT a FROM {self.some(lambda: self.source(depth + 1), " , ", 2)}',
             lambda: f'SELECT a FROM {self.some(lambda: self.source(depth + 1), " , ", 2)}',
             lambda: f'SELECT a FROM t WHERE {self.condition(depth)}',
-            lambda: f'SELECT a FROM t WHERE {self.condition(depth)}',
+            lambda: f'SELECT a FROM t WHERE a = 1 {self.operand_chain(depth)}',
             lambda: f'SELECT a FROM t {self.pick(*(maker for _, maker in self.clauses(depth)))}',
-            lambda: self.frame(),
+            lambda: ' '.join(['SELECT a FROM t', *(self.chance(.4, maker) for _, maker in self.clauses(1))]),
+            self.frame,
+            self.soup,
             lambda: 'SELECT a ' + self.some(lambda: self.rng.choice(PIECES), ' ', 8))
 
     def frame(self):
         word = self.rng.choice([self.leaf(), self.rng.choice(self.VOCABULARY)])
         return self.rng.choice(FRAMES).replace('{}', word)
+
+    def soup(self):
+        clause, words = self.rng.choice(SOUPS)
+        return ' '.join([clause, *self.rng.choices(words.split(' '), k=self.rng.randint(2, 14))])
