@@ -1,9 +1,10 @@
 // Builds the model of a query of MS Access against a catalog of the host's own and prints it.
 //
-//     print_model "SELECT [Due Date] AS Due FROM Orders"
+//     print_model "SELECT ID, Due AS Till FROM Orders"
 //
 // The catalog is kept in a store (memory_store.h) and loaded from it through a factory (shop_catalog.h). Its one table
-// is Orders in the source and shop_orders in the target, its fields are ID and "Due Date", which becomes due_date.
+// is Orders in the source and shop_orders in the target, its fields are ID and Due,
+// which becomes due_date.
 #include <QZParserSQL/platform/Console.h>
 
 #include <iostream>
@@ -27,7 +28,7 @@ void SaveShop(QZSettingsStore& store) {
     orders->SetSrcName(u"Orders");
     orders->SetName(u"shop_orders");
     AddField(*orders, u"ID", u"id");
-    AddField(*orders, u"Due Date", u"due_date");
+    AddField(*orders, u"Due", u"due_date");
     ShopDatabase database;
     database.m_listTables.AddTail(orders.release());
     database.Save(&store);

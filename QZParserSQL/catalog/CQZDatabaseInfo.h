@@ -48,15 +48,20 @@ class QZ_API CQZDatabaseInfo : public CQZObjectInfo {
     /// `nFilterKind` is the database kind of the row filters that are taken over.
     virtual void ApplyOptions(CQZDatabaseInfo* pOther, int nFilterKind);
 
+    /// The schema in the target, which resolved fields get as well.
     CString GetSchemaName() const { return SchemaName; }
     void SetSchemaName(CString strName);
+    /// Whether the target's database is made anew.
     int GetOverwriteDatabase() const { return OverwriteDatabase; }
     /// Turning it on also overwrites all tables.
     void SetOverwriteDatabase(int nValue);
+    /// Options that the library keeps for the host.
     int GetOverwriteTables() const { return OverwriteTables; }
     void SetOverwriteTables(int nValue) { OverwriteTables = nValue; }
+    /// Whether ApplyOptions selects what the other catalog does not have.
     int GetAutoStructureUpdate() const { return AutoStructureUpdate; }
     void SetAutoStructureUpdate(int nValue) { AutoStructureUpdate = nValue; }
+    /// Options that the library keeps for the host.
     int GetHandleSelectedObjects() const { return HandleSelectedObjects; }
     void SetHandleSelectedObjects(int nValue) { HandleSelectedObjects = nValue; }
     int GetCreateLogsEnabled() const { return CreateLogsEnabled; }
@@ -83,9 +88,11 @@ class QZ_API CQZDatabaseInfo : public CQZObjectInfo {
     /// Not interpreted.
     CString GetVersion() const { return Version; }
     void SetVersion(CString strVersion);
+    /// An option that the library keeps for the host.
     int GetMaxThreads() const { return MaxThreads; }
     /// Keeps the lowest 8 bits.
     void SetMaxThreads(int nValue) { MaxThreads = static_cast<std::uint8_t>(nValue); }
+    /// Options that the library keeps for the host.
     int GetMaxQuant() const { return MaxQuant; }
     void SetMaxQuant(int nValue) { MaxQuant = nValue; }
     int GetWithTriggers() const { return WithTriggers; }
@@ -99,6 +106,7 @@ class QZ_API CQZDatabaseInfo : public CQZObjectInfo {
     int GetCleanHistoryAfterUse() const { return CleanHistoryAfterUse; }
     void SetCleanHistoryAfterUse(int nValue) { CleanHistoryAfterUse = nValue; }
 
+    /// The first match in list order, or null; it stays the catalog's.
     CQZTableInfo* FindTableByGUID(const CString& strGUID) const;
     CQZTableInfo* FindTableByName(const CString& strName) const;
     CQZTableInfo* FindTableBySrcName(const CString& strSrcName) const;
@@ -149,6 +157,7 @@ class QZ_API CQZDatabaseInfo : public CQZObjectInfo {
     int CleanHistoryAfterUse = 1;
 
  public:
+    /// Owned.
     CList<CQZTableInfo*> m_listTables{10};
     CList<CQZQueryInfo*> m_listQueries{10};
     /// Name to number of arguments in decimal. Not persisted.

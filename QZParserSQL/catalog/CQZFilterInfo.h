@@ -32,8 +32,10 @@ class QZ_API CQZFilterInfo {
     /// Deletes this object: `delete this`, written in the class whose destructor is the right one.
     virtual void Destroy() = 0;
 
+    /// Ends the items.
     void ClearItems();
 
+    /// The free SQL text.
     CString GetSQLQuery() const { return SQLQuery; }
     void SetSQLQuery(CString strSQLQuery);
     /// 1 when the SQL text applies instead of the items.

@@ -16,6 +16,7 @@ class QZ_API CQZFilterItemInfo {
     CQZFilterItemInfo() = default;
     /// Copies everything but the binary part of the value.
     CQZFilterItemInfo(const CQZFilterItemInfo&) = default;
+    /// Makes what Set of the same arguments makes.
     CQZFilterItemInfo(CString strFieldID, int nCondition, const QZFieldValue& value, int nConditionAdd);
     CQZFilterItemInfo& operator=(const CQZFilterItemInfo&) = delete;
 
@@ -30,15 +31,18 @@ class QZ_API CQZFilterItemInfo {
     /// Deletes this object: `delete this`, written in the class whose destructor is the right one.
     virtual void Destroy() = 0;
 
+    /// Sets all four at once.
     void Set(CString strFieldID, int nCondition, const QZFieldValue& value, int nConditionAdd);
 
     /// The SrcName of the field that the condition is on.
     CString GetFieldID() const { return FieldID; }
     void SetFieldID(CString strFieldID);
+    /// Condition codes of the host.
     int GetCondition() const { return Condition; }
     void SetCondition(int nCondition) { Condition = nCondition; }
     int GetConditionAdd() const { return ConditionAdd; }
     void SetConditionAdd(int nConditionAdd) { ConditionAdd = nConditionAdd; }
+    /// What the field is compared with; copied with its binary part.
     const QZFieldValue& GetValue() const { return Value; }
     void SetValue(const QZFieldValue& value) { Value.Assign(value); }
     /// The field itself, not owned; set and read by the host only.

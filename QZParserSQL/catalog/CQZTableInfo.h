@@ -51,10 +51,12 @@ class QZ_API CQZTableInfo : public CQZSourceInfo {
     /// The first index that is the primary key (IsPrimaryKey), or null.
     virtual CQZIndexInfo* GetPrimaryKeyIndex();
 
+    /// The options of the conversion as they are stored.
     virtual int GetCopyStructure() const;
     /// These two are 0 where there is nothing to copy, whatever is stored.
     virtual int GetCopyIndexes() const;
     virtual int GetCopyForeignKeys() const;
+    /// The options of the conversion as they are stored.
     virtual int GetCopyData() const;
     virtual int GetSyncInsert() const;
     virtual int GetSyncUpdate() const;
@@ -63,13 +65,17 @@ class QZ_API CQZTableInfo : public CQZSourceInfo {
     virtual int GetModifyFields() const;
     virtual int GetModifyIndexes() const;
     virtual int GetModifyForeignKeys() const;
+    /// Not owned; null for none.
     virtual CQZDatabaseInfo* GetDatabase() const;
 
+    /// Selects the table while structure or data is copied; without structure nothing else of it is.
     virtual void SetCopyStructure(int nValue);
-    /// Refused without structure, like the next one.
+    /// These two are refused without structure.
     virtual void SetCopyIndexes(int nValue);
     virtual void SetCopyForeignKeys(int nValue);
+    /// Selects the table while structure or data is copied; without data nothing is synchronised.
     virtual void SetCopyData(int nValue);
+    /// Stores the option.
     virtual CQZTableInfo& SetSyncInsert(int nValue);
     virtual CQZTableInfo& SetSyncUpdate(int nValue);
     virtual CQZTableInfo& SetSyncDrop(int nValue);
@@ -79,17 +85,20 @@ class QZ_API CQZTableInfo : public CQZSourceInfo {
     virtual void SetModifyFields(int nValue);
     virtual void SetModifyIndexes(int nValue);
     virtual void SetModifyForeignKeys(int nValue);
+    /// The database is not owned.
     virtual CQZTableInfo& SetDatabase(CQZDatabaseInfo* pDatabase);
     /// Takes over the options of another table, those of its children by source name, and its filter where that is of
     /// the database kind `nFilterKind`. Children that the other table does not have are selected by the database's
     /// AutoStructureUpdate.
     virtual void CopyTable(CQZTableInfo* pOther, int nFilterKind);
 
+    /// The first match in list order, or null; it stays the table's.
     CQZIndexInfo* FindIndexByGUID(const CString& strGUID) const;
     CQZIndexInfo* FindIndexByName(const CString& strName) const;
     CQZIndexInfo* FindIndexBySrcName(const CString& strSrcName) const;
     /// Compares with regard to case.
     CQZForeignKeyInfo* FindForeignKeyByGUID(const CString& strGUID) const;
+    /// These two without regard to case.
     CQZForeignKeyInfo* FindForeignKeyByName(const CString& strName) const;
     CQZForeignKeyInfo* FindForeignKeyBySrcName(const CString& strSrcName) const;
 
@@ -130,6 +139,7 @@ class QZ_API CQZTableInfo : public CQZSourceInfo {
     int m_nUpdating = 0;
 
  protected:
+    /// What GetPrimaryIndex found, and whether it has to look again.
     CQZIndexInfo* m_pPrimaryIndex = nullptr;
     int m_bPrimaryIndexDirty = 1;
 
@@ -151,6 +161,7 @@ class QZ_API CQZTableInfo : public CQZSourceInfo {
     int Processed = 0;
 
  public:
+    /// Owned.
     CList<CQZFieldInfo*> m_listFields{10};
     CList<CQZIndexInfo*> m_listIndexes{10};
     CList<CQZForeignKeyInfo*> m_listForeignKeys{10};

@@ -24,6 +24,7 @@ class QZ_API QZFieldValue {
     /// Copies everything but the binary part.
     QZFieldValue(const QZFieldValue& other);
     QZFieldValue& operator=(const QZFieldValue& other);
+
     ~QZFieldValue() = default;
 
     /// These make what the setter of the same arguments makes.
@@ -62,9 +63,12 @@ class QZ_API QZFieldValue {
     void SetDate(const QZDate& date, int nType);
     /// Replaces the binary part; null removes it.
     void SetBinary(const unsigned char* pData, std::uint32_t nLength);
+    /// Changes the type number and nothing else.
     void SetType(int nType) { m_nType = nType; }
 
+    /// Whether there is no text; an empty one is one.
     bool IsNull() const { return m_pData == nullptr; }
+    /// The host's number.
     int GetType() const { return m_nType; }
     /// The length in bytes, without the terminator.
     std::uint32_t GetLength() const { return m_nLength; }
@@ -94,6 +98,7 @@ class QZ_API QZFieldValue {
     bool Equals(const QZFieldValue& other) const;
     /// The same, but the types must match too, and a missing binary part matches only one of length 0.
     bool EqualsStrict(const QZFieldValue& other) const;
+    /// The contrary of EqualsStrict.
     bool NotEqual(const QZFieldValue& other) const { return !EqualsStrict(other); }
 
     /// Keeps whether the value is NULL, its type and its text in the section now open.

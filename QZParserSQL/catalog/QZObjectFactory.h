@@ -20,6 +20,7 @@ class QZ_API QZObjectFactory {
     virtual void HostOperation1() {}
     virtual void HostOperation2() {}
 
+    /// A new object of the kind, which becomes the caller's, or null for a kind that the host does not know.
     virtual CQZTableInfo* CreateTable(int dbType) = 0;
     virtual CQZQueryInfo* CreateQuery(int dbType) = 0;
     virtual CQZFieldInfo* CreateField(int dbType) = 0;
@@ -29,6 +30,7 @@ class QZ_API QZObjectFactory {
     virtual CQZFilterItemInfo* CreateFilterItem(int dbType) = 0;
 
  protected:
+    /// Factories are made, copied and destroyed as the host's own classes.
     QZObjectFactory() = default;
     QZObjectFactory(const QZObjectFactory&) = default;
     QZObjectFactory& operator=(const QZObjectFactory&) = default;

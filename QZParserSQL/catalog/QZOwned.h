@@ -6,6 +6,7 @@
 
 /// Ends an object in the way that its class offers: by its virtual destructor, or else by its Destroy.
 struct QZDisposer {
+    /// Ends the object; null is not handed in.
     template <class Object>
     void operator()(Object* pObject) const {
         if constexpr (std::has_virtual_destructor_v<Object>) {

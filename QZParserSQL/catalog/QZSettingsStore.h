@@ -31,6 +31,7 @@ class QZ_API QZSettingsStore {
     virtual void WriteString(const CString& key, const CString& value, int reserved) = 0;
 
  protected:
+    /// Stores are made, copied and destroyed as the host's own classes.
     QZSettingsStore() = default;
     QZSettingsStore(const QZSettingsStore&) = default;
     QZSettingsStore& operator=(const QZSettingsStore&) = default;
@@ -40,6 +41,7 @@ class QZ_API QZSettingsStore {
 /// Holds a section of a store open from construction to destruction.
 class QZOpenSection {
  public:
+    /// The store must outlive the object.
     QZOpenSection(QZSettingsStore& store, const CString& name, int create) : m_Store(store) {
         m_Store.OpenSection(name, create);
     }

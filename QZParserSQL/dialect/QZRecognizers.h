@@ -29,6 +29,7 @@ using QZNode = ANTLR3_BASE_TREE_struct;
 /// One of the grammars; a constant that lives as long as the process.
 struct QZGrammar;
 
+/// Each dialect's grammar; MSSQLfrom is that of a FROM list by itself.
 QZ_API const QZGrammar& QZGrammarMSAccessSQL_v3();
 QZ_API const QZGrammar& QZGrammarMSSQL();
 QZ_API const QZGrammar& QZGrammarMSSQLfrom();
@@ -52,27 +53,31 @@ QZ_API std::uint32_t QZTokenTypeCount(const QZGrammar& grammar);
 
 /// A place in the text: line and column from 1, offset in UTF-16 code units from 0.
 struct QZPosition {
-    std::uint32_t line = 0;
-    std::uint32_t column = 0;
-    std::size_t offset = 0;
+    std::uint32_t line = 0;    ///< from 1
+    std::uint32_t column = 0;  ///< from 1, in UTF-16 code units
+    std::size_t offset = 0;    ///< from 0, in UTF-16 code units
 };
 
+/// Which of the two recognizers tells.
 enum class QZPhase { Lexer, Parser };
 
 /// What a recognizer has to say. A dropped character is one or more characters that make no token; nesting too deep is
 /// told once a parse, whether or not an error of the parser follows from it.
 enum class QZReportKind { DroppedCharacter, SyntaxError, NestedTooDeep };
 
+/// One thing that a recognizer tells; valid during the call of the reporter.
 struct QZReport {
-    QZPhase phase = QZPhase::Lexer;
-    QZReportKind kind = QZReportKind::DroppedCharacter;
-    QZPosition position;
-    std::string message;  // UTF-8, one line
+    QZPhase phase = QZPhase::Lexer;                      ///< who tells it
+    QZReportKind kind = QZReportKind::DroppedCharacter;  ///< what is told
+    QZPosition position;                                 ///< of the character or token in question
+    std::string message;                                 ///< UTF-8, one line without its end
 };
 
 /// Where reports go. The functions must not throw and must not use the recognizer that reports.
 struct QZReporter {
+    /// Called for each report, on the thread that runs the recognizer; never null.
     void (*report)(void* context, const QZReport& report) = nullptr;
+    /// Handed on to both functions; not owned.
     void* context = nullptr;
     /// Null, or asked before a report of dropped characters is put together: true for those of which none is wanted.
     /// They are counted all the same.
@@ -103,21 +108,24 @@ QZ_API void QZFreeParser(const QZGrammar& grammar, void* parser);
 
 /// A token as the lexer gave it. `text` points into the query.
 struct QZToken {
-    std::uint32_t type = 0;
-    std::u16string_view text;
-    QZPosition position;
-    bool hidden = false;
+    std::uint32_t type = 0;    ///< of the grammar's vocabulary
+    std::u16string_view text;  ///< exactly as in the query
+    QZPosition position;       ///< of its first character
+    bool hidden = false;       ///< the parser does not see it
 };
 
 /// The number of tokens, hidden ones included, the end of the text not; asks the lexer for all of them.
 QZ_API std::size_t QZTokenCount(QZTokenStream* tokens);
+/// The token with a number from 0 below QZTokenCount.
 QZ_API QZToken QZTokenAt(QZTokenStream* tokens, std::size_t index);
 
 /// Imaginary: made by the grammar. Token: kept from the text. Missing: a token that the parser put in by itself.
 enum class QZNodeKind { Nil, Error, EndOfText, Imaginary, Token, Missing };
 
 QZ_API QZNodeKind QZKindOf(const QZNode* node);
+/// The token type; 0 for the nil root and an error node.
 QZ_API std::uint32_t QZTypeOf(const QZNode* node);
+/// How many children there are.
 QZ_API std::uint32_t QZChildCount(const QZNode* node);
 /// Null where there is no such child.
 QZ_API const QZNode* QZChildAt(const QZNode* node, std::uint32_t index);

@@ -5,6 +5,7 @@
 
 #include "QZParserSQL/platform/CString.h"
 
+/// Takes a text, parses it, and keeps what came of it for as long as it lives itself.
 class CQZSQLParser {
  public:
     virtual ~CQZSQLParser();
@@ -20,5 +21,6 @@ class CQZSQLParser {
     CQZSQLParser(const CQZSQLParser&) = delete;
     CQZSQLParser& operator=(const CQZSQLParser&) = delete;
 
+    /// What LoadSqlText was given.
     std::istringstream m_Stream;
 };

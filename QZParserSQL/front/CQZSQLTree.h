@@ -23,6 +23,7 @@ class QZ_API CQZSQLTree {
     /// GetChildCount is 0 and whose GetText is one blank.
     virtual CQZSQLTree* GetChild(std::uint32_t index) = 0;
 
+    /// How many children the node has, whatever views were made.
     virtual std::uint32_t GetChildCount() = 0;
 
     /// A token's text exactly as in the query, the name of a node that the grammar made, "nil" for the root.

@@ -5,9 +5,11 @@
 #include "QZParserSQL/platform/CString.h"
 #include "QZParserSQL/platform/Export.h"
 
+/// Owned by the map of its query. One thread at a time.
 class QZ_API CFieldObject : public CObject {
  public:
     CFieldObject();
+    /// Copies all members.
     CFieldObject(const CFieldObject& other);
     CFieldObject& operator=(const CFieldObject& other);
     ~CFieldObject() override;

@@ -3,8 +3,10 @@
 
 #include "QZParserSQL/platform/Export.h"
 
+/// Has a virtual destructor and nothing else.
 class QZ_API CObject {
  public:
+    /// Nothing is made, copied or assigned here.
     CObject() = default;
     CObject(const CObject&) = default;
     CObject& operator=(const CObject&) = default;

@@ -24,9 +24,11 @@ class QZ_API CQZAliasInfo : public CQZSourceFildInfo {
     CString GetAliasField() const { return AliasField; }
     void SetAliasField(CString strField);
 
+    /// For hosts: not filled and not copied.
     CString Reserved;
 
  protected:
+    /// What the accessors of these names tell.
     CString AliasTable;
     CString AliasField;
 

@@ -116,6 +116,7 @@ class QZ_API CQZObjectInfo {
     void TruncateName();
 
  protected:
+    /// As they are stored: the getters of these names may apply the case rule.
     CString GUID;
     CString SrcName;
     CString Type;

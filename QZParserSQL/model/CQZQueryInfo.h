@@ -59,7 +59,9 @@ class QZ_API CQZQueryInfo : public CQZSourceInfo {
     /// The catalog against which the query resolves.
     virtual CQZQueryInfo& SetDatabase(CQZDatabaseInfo* pDatabase);
 
+    /// Not owned; null for none.
     CQZDatabaseInfo* GetDatabase() const { return m_pDatabase; }
+    /// The text as SetSQL left it.
     CString GetSQL() const { return m_strSQL; }
     /// Each "\r\n" becomes a blank, and white space at the right end is cut.
     void SetSQL(CString strSQL);
@@ -68,6 +70,7 @@ class QZ_API CQZQueryInfo : public CQZSourceInfo {
     void SetLimit(int nFirst, int nSecond);
     /// The numbers mean something only while HasLimit.
     void GetLimit(int& nFirst, int& nSecond) const;
+    /// 1 when a limit was stated.
     int HasLimit() const { return m_bHasLimit; }
     /// 0 none stated, 1 ALL, 2 DISTINCT, 3 DISTINCTROW.
     int GetSelectQuantifier() const { return m_nSelectQuantifier; }
@@ -139,6 +142,7 @@ class QZ_API CQZQueryInfo : public CQZSourceInfo {
     /// a query among the sources. Returns whether it did.
     int ResolveThroughSubQuery(SelectItemField& field, CQZSourceInfo* pSource);
 
+    /// For hosts: only copied.
     std::uint16_t m_nQuerySerial = 0;
     /// Output names; the key is the alias in lower case.
     CTypedMapStringToPtr<CQZAliasInfo> m_mapAliases{10};
@@ -148,12 +152,14 @@ class QZ_API CQZQueryInfo : public CQZSourceInfo {
     CTypedMapStringToPtr<CFieldObject> m_mapFields{10};
     /// Queries nested in this one, in tree order.
     CList<CQZQueryInfo*> m_listSubQueries{10};
+    /// The clauses, each the list of its items.
     CList<SelectItem*> m_listSelect{10};
     CList<SelectItem*> m_listFrom{10};
     CList<SelectItem*> m_listOrderBy{10};
     CList<SelectItem*> m_listGroupBy{10};
     /// The SelectItemUnion items.
     CList<SelectItem*> m_listUnion{10};
+    /// The items of HAVING.
     CList<SelectItem*> m_listHaving{10};
     /// A plain item whose children are the condition; null without one.
     SelectItem* m_pWhere = nullptr;
@@ -161,6 +167,7 @@ class QZ_API CQZQueryInfo : public CQZSourceInfo {
     CList<CQZQueryUnionInfo*> m_listUnions{10};
 
  protected:
+    /// What the accessors tell. The database is not owned.
     CQZDatabaseInfo* m_pDatabase = nullptr;
     CString m_strSQL;
     int m_nQueryKind = 0;

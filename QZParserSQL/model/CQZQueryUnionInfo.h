@@ -11,6 +11,7 @@ class Copier;
 struct Bare;
 }  // namespace qz
 
+/// Belongs to whoever put it into a query's list, and owns the query of its own. One thread at a time.
 class QZ_API CQZQueryUnionInfo {
  public:
     CQZQueryUnionInfo() = default;
@@ -24,6 +25,7 @@ class QZ_API CQZQueryUnionInfo {
     CQZQueryInfo* Query = nullptr;
     /// 1 when the text before the SELECT was joined by UNION ALL, 0 for UNION.
     int UnionAll = 0;
+    /// For hosts: not filled and not copied.
     CString Reserved;
 
  private:

@@ -7,6 +7,7 @@
 class QZ_API CQZSourceFildInfo : public CQZObjectInfo {
  public:
     CQZSourceFildInfo() = default;
+    /// Copies everything, the GUID too.
     CQZSourceFildInfo(const CQZSourceFildInfo& other) = default;
     ~CQZSourceFildInfo() override;
 };

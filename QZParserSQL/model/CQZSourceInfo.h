@@ -9,6 +9,7 @@ class CQZSourceFildInfo;
 class QZ_API CQZSourceInfo : public CQZObjectInfo {
  public:
     CQZSourceInfo() = default;
+    /// Copies everything, the GUID too.
     CQZSourceInfo(const CQZSourceInfo& other) = default;
     ~CQZSourceInfo() override;
 

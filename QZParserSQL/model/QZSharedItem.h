@@ -15,6 +15,7 @@ class QZ_API QZSharedItem {
     QZSharedItem() = default;
     /// Takes the item over; it may be null.
     QZSharedItem(SelectItem* pItem);  // NOLINT(google-explicit-constructor)
+    /// A copy shares the item until somebody takes hold of it; a move leaves nothing behind.
     QZSharedItem(const QZSharedItem& other);
     QZSharedItem(QZSharedItem&&) noexcept = default;
     QZSharedItem& operator=(const QZSharedItem& other);
@@ -32,6 +33,7 @@ class QZ_API QZSharedItem {
     /// Takes the other's item as the other has it, and not as a copy of it.
     void ShareAs(const QZSharedItem& other);
 
+    /// Like Get.
     operator SelectItem*() { return Get(); }  // NOLINT(google-explicit-constructor)
     SelectItem* operator->() { return Get(); }
 

@@ -55,6 +55,7 @@ class QZ_API SelectItem {
     CString JoinChildren() const;
     /// Deletes the children.
     void ClearChildren();
+    /// Sets an identifier quote of this node alone.
     void SetQuoteOpen(CString strQuote);
     void SetQuoteClose(CString strQuote);
 
@@ -66,9 +67,11 @@ class QZ_API SelectItem {
     int TokenType = 0;
     /// Literal text of a constant, or a sort word.
     CString Text;
+    /// One of Kind.
     int ItemKind = kPlain;
     /// 1 when the node renders infix.
     int IsOperator = 0;
+    /// What the names of a resolved field are put into.
     CString QuoteOpen;
     CString QuoteClose;
     /// 1 when the field resolved to an object that stands for an expression.
@@ -77,6 +80,7 @@ class QZ_API SelectItem {
     CList<SelectItem*> Children{10};
 
  protected:
+    /// The node without its children.
     SelectItem(const SelectItem& other, qz::Bare);
 
  private:

@@ -16,6 +16,7 @@ class CCriticalSection {
     /// Only for the thread that holds the lock.
     void Unlock() { m_Mutex.unlock(); }
 
+    /// Lock and Unlock under the names that std::lock_guard wants.
     void lock() { Lock(); }
     void unlock() { Unlock(); }
 

@@ -44,22 +44,28 @@ class CList {
     };
 
  public:
+    /// For `for (auto& element : list)` only.
     using iterator = Iterator<typename Nodes::iterator, TYPE>;
     using const_iterator = Iterator<typename Nodes::const_iterator, const TYPE>;
 
     /// The block size is a hint that needs no heeding: elements are allotted one by one.
     explicit CList(int /*blockSize*/ = 10) {}
+    /// Moves the elements; their positions stay valid.
     CList(CList&&) noexcept = default;
     CList& operator=(CList&&) noexcept = default;
 
+    /// How many elements there are.
     int GetCount() const { return static_cast<int>(m_Nodes.size()); }
     bool IsEmpty() const { return m_Nodes.empty(); }
 
+    /// The element at an end. Throws std::invalid_argument for an empty list.
     TYPE& GetHead() { return GetAt(GetHeadPosition()); }
     const TYPE& GetHead() const { return GetAt(GetHeadPosition()); }
     TYPE& GetTail() { return GetAt(GetTailPosition()); }
     const TYPE& GetTail() const { return GetAt(GetTailPosition()); }
 
+    /// Puts an element at an end or beside another one, and returns its position. Throws std::invalid_argument for a
+    /// null position.
     POSITION AddHead(ARG_TYPE element) { return Put(m_Nodes.begin(), std::forward<ARG_TYPE>(element)); }
     POSITION AddTail(ARG_TYPE element) { return Put(m_Nodes.end(), std::forward<ARG_TYPE>(element)); }
     POSITION InsertBefore(POSITION position, ARG_TYPE element) {
@@ -69,9 +75,10 @@ class CList {
         return Put(std::next(NodeAt(position)), std::forward<ARG_TYPE>(element));
     }
 
-    /// Removes an end's element and returns it.
+    /// Removes an end's element and returns it. Throws std::invalid_argument for an empty list.
     TYPE RemoveHead() { return Take(NodeAt(GetHeadPosition())); }
     TYPE RemoveTail() { return Take(NodeAt(GetTailPosition())); }
+    /// Removes elements. Throws std::invalid_argument for a null position.
     void RemoveAt(POSITION position) { m_Nodes.erase(NodeAt(position)); }
     void RemoveAll() { m_Nodes.clear(); }
 
@@ -85,6 +92,7 @@ class CList {
     TYPE& GetPrev(POSITION& position) { return StepBack(position)->value; }
     const TYPE& GetPrev(POSITION& position) const { return StepBack(position)->value; }
 
+    /// The element at the position. Throws std::invalid_argument for null.
     TYPE& GetAt(POSITION position) { return NodeAt(position)->value; }
     const TYPE& GetAt(POSITION position) const { return NodeAt(position)->value; }
     void SetAt(POSITION position, ARG_TYPE element) { GetAt(position) = std::forward<ARG_TYPE>(element); }
@@ -103,6 +111,7 @@ class CList {
         return &*std::next(m_Nodes.begin(), index);
     }
 
+    /// For `for (auto& element : list)`.
     iterator begin() { return iterator(m_Nodes.begin()); }
     iterator end() { return iterator(m_Nodes.end()); }
     const_iterator begin() const { return const_iterator(m_Nodes.begin()); }

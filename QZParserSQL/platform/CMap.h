@@ -14,23 +14,28 @@
 template <class VALUE>
 class QZStringMap {
  public:
+    /// A key and its value, as a walk shows them.
     struct Entry {
-        CString key;
-        VALUE value;
+        CString key;  ///< not to be changed
+        VALUE value;  ///< the key's
     };
 
     /// The block size is a hint that needs no heeding: entries are allotted one by one.
     explicit QZStringMap(int /*blockSize*/ = 10) {}
+    /// Copies the entries in their order.
     QZStringMap(const QZStringMap& other) {
         for (const Entry& entry : other) SetAt(entry.key, entry.value);
     }
+    /// Moves the entries.
     QZStringMap(QZStringMap&&) noexcept = default;
+    /// Takes the other's entries.
     QZStringMap& operator=(QZStringMap other) {
         std::swap(m_Entries, other.m_Entries);
         std::swap(m_Positions, other.m_Positions);
         return *this;
     }
 
+    /// How many entries there are.
     int GetCount() const { return m_Entries.GetCount(); }
     bool IsEmpty() const { return m_Entries.IsEmpty(); }
 
@@ -42,6 +47,7 @@ class QZStringMap {
         return true;
     }
 
+    /// Sets the key's value, in a new entry at the end where there is none.
     void SetAt(std::u16string_view key, VALUE value) { (*this)[key] = std::move(value); }
 
     /// The key's value, which is made from nothing (null, an empty text) where there is none.
@@ -60,6 +66,7 @@ class QZStringMap {
         return true;
     }
 
+    /// Removes all entries.
     void RemoveAll() {
         m_Positions.clear();
         m_Entries.RemoveAll();

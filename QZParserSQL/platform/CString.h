@@ -35,7 +35,9 @@ class QZ_API CString {
 
     /// The number of units. Throws std::length_error for a text of 2^31 units or more.
     int GetLength() const;
+    /// Whether the length is 0.
     bool IsEmpty() const { return m_Text.empty(); }
+    /// Makes it 0.
     void Empty() { m_Text.clear(); }
 
     /// The units in place, with a NUL behind them. Valid until the text changes or goes.
@@ -91,10 +93,12 @@ class QZ_API CString {
     /// The same after simple case folding of both texts, independent of the process's locale.
     int CompareNoCase(std::u16string_view other) const;
 
+    /// Appends. Numbers are appended as text only (FromInt).
     CString& operator+=(std::u16string_view text);
     CString& operator+=(char16_t unit);
     CString& operator+=(int) = delete;
 
+    /// Joined, or compared by the order of code units.
     friend CString operator+(std::u16string_view left, std::u16string_view right) { return CString(left) += right; }
     friend bool operator==(std::u16string_view left, std::u16string_view right) { return left.compare(right) == 0; }
     friend bool operator!=(std::u16string_view left, std::u16string_view right) { return left.compare(right) != 0; }
@@ -107,7 +111,9 @@ class QZ_API CString {
 /// True when the text has no lone surrogate.
 QZ_API bool QZIsWellFormedUtf16(std::u16string_view text);
 
+//! @cond
 template <>
 struct std::hash<CString> {
     std::size_t operator()(const CString& text) const noexcept { return std::hash<std::u16string_view>()(text.View()); }
 };
+//! @endcond

@@ -8,6 +8,7 @@
 #include "QZParserSQL/platform/CString.h"
 #include "QZParserSQL/platform/Export.h"
 
+/// What m_status of a date tells.
 inline constexpr std::int32_t kDateValid = 0;
 inline constexpr std::int32_t kDateInvalid = 1;
 inline constexpr std::int32_t kDateNull = 2;
@@ -15,18 +16,18 @@ inline constexpr std::int32_t kDateNull = 2;
 /// A point in time: days since 30 December 1899, with the time of day as the fraction's magnitude, so that -1.25 is
 /// 29 December 1899, 6:00. The number counts only while the status is kDateValid.
 struct QZDate {
-    double m_dt = 0;
-    std::int32_t m_status = kDateValid;
+    double m_dt = 0;                     ///< days
+    std::int32_t m_status = kDateValid;  ///< one of the three above
 };
 
 /// Parts of a date in the Gregorian calendar, years 100 to 9999.
 struct QZCalendarTime {
-    int year = 0;
-    int month = 0;  ///< from 1
-    int day = 0;    ///< from 1
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
+    int year = 0;       ///< 100 to 9999
+    int month = 0;      ///< from 1
+    int day = 0;        ///< from 1
+    int hour = 0;       ///< from 0
+    int minute = 0;     ///< from 0
+    int second = 0;     ///< from 0
     int weekday = 0;    ///< from 0, Sunday; not read by QZDateFromCalendar
     int dayOfYear = 0;  ///< from 0; not read by QZDateFromCalendar
 };
