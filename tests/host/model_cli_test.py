@@ -19,6 +19,28 @@ MODEL = {
 }
 
 
+MS_SQL_QUERY = "SELECT TOP 5 x.a FROM t AS x WHERE x.a % 2 = 1"
+MS_SQL_COLUMN = {"Class": "Field", "ItemKind": 5, "Text": "x", "FieldName": "a", "TableAlias": "x"}
+MS_SQL_MODEL = {
+    "SQL": MS_SQL_QUERY,
+    "HasLimit": 1,
+    "LimitSecond": 5,
+    "Select": [{"ItemKind": 4, "FuncName": "ALIAS", "TokenType": "ALIAS", "IsOperator": 1, "Children": [MS_SQL_COLUMN]}],
+    "From": [{"ItemKind": 4, "FuncName": "ALIAS", "TokenType": "ALIAS", "IsOperator": 1, "Children": [
+        {"Class": "Field", "ItemKind": 5, "TableName": "t"},
+        {"ItemKind": 4, "FuncName": "AS", "TokenType": "LITERAL_AS", "IsOperator": 1},
+        {"ItemKind": 1, "Text": "x"}]}],
+    "Where": {"ItemKind": 0, "Children": [{"ItemKind": 4, "FuncName": "=", "TokenType": "EQ", "IsOperator": 1, "Children": [
+        MS_SQL_COLUMN, {"ItemKind": 1, "Text": "1"}]}]},
+    "Aliases": {
+        "table_namecolumn_name": {
+            "SrcName": "TABLE_NAMECOLUMN_NAME", "Name": "TABLE_NAMECOLUMN_NAME", "Expression": {"ItemKind": 0}},
+        "x": {"SrcName": "x", "Name": "x", "Expression": {"ItemKind": 0}}},
+    "Sources": {"t": "t"},
+    "Fields": {"xa_0": {"TableName": "x", "FieldName": "a"}},
+}
+
+
 def batch_of(*texts):
     return "".join(json.dumps({"id": number, "sql": sql}) + "\n" for number, sql in enumerate(texts))
 
@@ -82,6 +104,22 @@ class Models(CommandLine):
         self.assertEqual(self.model("SELECT 1 + `f`(2)", "mysql")["UserFunctions"], {"f": 1})
         self.assertEqual(self.expect(DONE, "model", "-d", "mysql", "-e", "SELECT t.* FROM t")[1],
                          "-e 1:1:9: not understood from here on: 4 tokens, 9 characters\n")
+
+    def test_ms_sql(self):
+        self.assertEqual(self.model(MS_SQL_QUERY, "mssql"), MS_SQL_MODEL)
+        out = self.results("model", "-d", "mssql", "-e", MS_SQL_QUERY)
+        self.assertTrue(out.startswith(f'Query SQL="{MS_SQL_QUERY}" HasLimit=1 LimitSecond=5\n  Select\n'))
+        out = self.results("batch", "-d", "mssql", "--emit", "model", "-j", "2", stdin=batch_of(*[MS_SQL_QUERY] * 50))
+        self.assertEqual([json.loads(line) for line in out.splitlines()],
+                         [{"id": number, "status": "clean", "model": MS_SQL_MODEL} for number in range(50)])
+
+    def test_ms_sql_tells_what_is_not_understood_and_no_white_space(self):
+        for sql, told in [
+            ("SELECT  a\r\nFROM\tt", ""),
+            ("SELECT a x", "-e 1:1:10: not understood from here on: 1 token, 1 character\n"),
+            ("SELECT a;", "-e 1:1:9: ';' makes no token and is left out\n"),
+        ]:
+            self.assertEqual(self.expect(DONE, "model", "-d", "mssql", "-e", sql)[1], told, sql)
 
     def test_the_librarys_console_lines_go_nowhere(self):
         self.assertEqual(self.model("SELECT [t.a] FROM t")["Select"][0]["TableName"], "[t]")
