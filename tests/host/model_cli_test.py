@@ -121,6 +121,44 @@ class Models(CommandLine):
         ]:
             self.assertEqual(self.expect(DONE, "model", "-d", "mssql", "-e", sql)[1], told, sql)
 
+    def test_oracle(self):
+        sql = "SELECT t.a, b || 'x' y FROM tab t WHERE t.c(+) = 1 ORDER BY y DESC"
+        expected = {
+            "SQL": sql,
+            "Select": [
+                {"Class": "Field", "ItemKind": 5, "Text": "t", "FieldName": "a", "TableAlias": "t"},
+                {"ItemKind": 4, "FuncName": "ALIAS", "TokenType": "ALIAS", "IsOperator": 1, "Children": [
+                    {"Class": "Field", "ItemKind": 5, "FieldName": "b"}, {"ItemKind": 1, "Text": "y"}]}],
+            "From": [{"ItemKind": 4, "FuncName": "ALIAS", "TokenType": "ALIAS", "IsOperator": 1, "Children": [
+                {"Class": "Field", "ItemKind": 5, "TableName": "tab"}, {"ItemKind": 1, "Text": "t"}]}],
+            "Where": {"ItemKind": 0, "Children": [{"ItemKind": 4, "FuncName": "=", "TokenType": "EQ", "IsOperator": 1, "Children": [
+                {"Class": "Field", "ItemKind": 5, "Text": "t", "FieldName": "c", "TableAlias": "t"},
+                {"ItemKind": 1, "Text": "1"}]}]},
+            "OrderBy": [{"Class": "Field", "ItemKind": 5, "Text": "y", "Children": [{"ItemKind": 0, "Text": "DESC"}]}],
+            "Aliases": {"t_table": {"SrcName": "t", "Name": "t", "AliasTable": "tab", "Expression": {"ItemKind": 0}},
+                        "y": {"SrcName": "y", "Name": "y", "Expression": {"ItemKind": 0}}},
+            "Sources": {"tab": "tab"},
+            "Fields": {"a_0": {"FieldName": "a"}, "b_0": {"FieldName": "b"}, "c_0": {"FieldName": "c"},
+                       "taba_0": {"TableName": "tab", "FieldName": "a"}, "tabc_0": {"TableName": "tab", "FieldName": "c"},
+                       "y_0": {"FieldName": "y"}},
+        }
+        self.assertEqual(self.model(sql, "oracle"), expected)
+        out = self.results("batch", "-d", "oracle", "--emit", "model", "-j", "2", stdin=batch_of(*[sql] * 50))
+        self.assertEqual([json.loads(line) for line in out.splitlines()],
+                         [{"id": number, "status": "clean", "model": expected} for number in range(50)])
+
+    def test_oracle_tells_what_is_not_understood(self):
+        for sql, told in [
+            ("SELECT a FROM t LIMIT 5", "-e 1:1:23: not understood from here on: 1 token, 1 character\n"),
+            ("SELECT :a", "-e 1:1:8: ':' makes no token and is left out\n"),
+        ]:
+            self.assertEqual(self.expect(DONE, "model", "-d", "oracle", "-e", sql)[1], told, sql)
+
+    def test_oracles_long_concatenations_are_their_first_operand(self):
+        path = self.file("bars.sql", "SELECT a" + " || b" * 50_000)
+        out = self.results("model", "-d", "oracle", "-f", "json", path)
+        self.assertEqual(json.loads(out)["Select"], [{"Class": "Field", "ItemKind": 5, "FieldName": "a"}])
+
     def test_the_librarys_console_lines_go_nowhere(self):
         self.assertEqual(self.model("SELECT [t.a] FROM t")["Select"][0]["TableName"], "[t]")
         self.assertNotIn("Output", self.results("batch", "-d", "access", "--emit", "model", stdin=batch_of("SELECT [t.a]")))
