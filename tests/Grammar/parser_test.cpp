@@ -179,6 +179,22 @@ TEST(MySQLBadText, HoldsCharactersOfAllKinds) {
     }
 }
 
+TEST(MySQLBadText, HasNotWhereItIsNoOperator) {
+    for (const BadText& bad : {
+             BadText{u"SELECT a FROM t WHERE NOT", Trails},
+             {u"SELECT a FROM t WHERE NOT\t", Trails},
+             {u"SELECT a FROM t WHERE NOT ", Dropped},
+             {u"SELECT a FROM t WHERE a NOT  IN (1)", Trails | Dropped},
+             {u"SELECT a FROM t WHERE a NOT\tIN (1)", Trails},
+             {u"SELECT a FROM t WHERE a NOT\tb", 0},
+             {u"SELECT a FROM t WHERE a NOT LIKE b", Trails | Dropped},
+             {u"SELECT NOT a", Dropped},
+             {u"SELECT NOT\ta", Trails | Reported},
+         }) {
+        ExpectSigns(bad);
+    }
+}
+
 TEST(MySQLBadText, GoesOnBehindNotAndAnything) {
     for (char16_t unit = 0; unit < 0x80; ++unit) {
         for (const std::u16string& text : {u"SELECT a FROM t WHERE NOT"s, u"SELECT a FROM t WHERE NOT "s}) {
