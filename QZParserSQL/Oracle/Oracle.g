@@ -93,6 +93,10 @@ tokens {
     WORD_yyyy = 'yyyy';
 }
 
+@parser::includes {
+#include "QZParserSQL/Oracle/Predicates.h"
+}
+
 // ---------------------------------------------------------------- statement
 
 // The entry rule. Whatever stands behind the query trails at the root, EOF last: SELECT a FROM t LIMIT 5
@@ -644,21 +648,11 @@ logical_factor
     | expression
     ;
 
-// Guessed only: a parenthesis still open where the next condition begins, (a = 1 AND. That one is not left open by a
-// parenthesis of its own on the right side, a IN (1, 2.
+// Guessed only: a condition that leaves the parenthesis at its beginning open before an operator: (a = 1 AND
 open_chain
-    : LEFT_PAREN
-      ( (expression NOT_KEYWORD? BETWEEN_KEYWORD)=> expression NOT_KEYWORD? BETWEEN_KEYWORD between_logical_expression
-      | parameters ((NOT_KEYWORD comparison)=> NOT_KEYWORD)? comparison closed_parameter
-      )
-      logical_operator
-    ;
-
-// Guessed only: the right side of a comparison with no parenthesis closed that is not its own.
-closed_parameter
-    : (LEFT_PAREN SELECT_KEYWORD)=> node_sql_query
-    | (LEFT_PAREN)=> LEFT_PAREN parameters RIGHT_PAREN?
-    | parameters
+@declarations { pANTLR3_COMMON_TOKEN first; }
+@init { first = LT(1); }
+    : search_condition {qzIsLeftOpen(ctx->pParser->tstream, first)}? logical_operator
     ;
 
 node_not_condition
