@@ -91,7 +91,8 @@ class Models(CommandLine):
         sql = "SELECT T1.a, 1.5 FROM t AS T1 LIMIT 5"
         expected = {
             "SQL": sql,
-            "Select": [{"Class": "Field", "ItemKind": 5, "TableName": "T1", "FieldName": "a"}, {"ItemKind": 1, "Text": "1."}],
+            "Select": [{"Class": "Field", "ItemKind": 5, "TableName": "T1", "FieldName": "a"},
+                       {"ItemKind": 1, "Text": "1."}],
             "From": [{"ItemKind": 4, "FuncName": "ALIAS", "TokenType": "ALIAS", "IsOperator": 1, "Children": [
                 {"Class": "Field", "ItemKind": 5, "TableName": "t"}, {"ItemKind": 1, "Text": "T1"}]}],
             "Aliases": {"t1": {"SrcName": "T1", "Name": "T1", "Expression": {"ItemKind": 0}}},
