@@ -54,6 +54,7 @@ def geostd8():
 def kamenicky():
     table = agreed("IBM437", "cp437")
     table[0x80:0xAC] = map(ord, "ČüéďäĎŤčěĚĹÍľĺÄÁÉžŽôöÓůÚýÖÜŠĽÝŘťáíóúňŇŮÔšřŕŔ")
+    table[0xAD] = ord("§")
     return table
 
 
@@ -76,7 +77,7 @@ TABLES = [
     ("Iso8859_7", "ISO 8859-7:2003, with the euro sign; iconv, Python", lambda: agreed("ISO-8859-7", "iso8859_7")),
     ("Iso8859_8", "ISO 8859-8:1999, with direction marks; iconv, Python", lambda: agreed("ISO-8859-8", "iso8859_8")),
     ("HpRoman8", "HP Roman-8 (RFC 1345); iconv, Python", lambda: agreed("HP-ROMAN8", "hp_roman8")),
-    ("Kamenicky", "Kamenicky (KEYBCS2): code page 437 with 80 to AB replaced, the rest as there; written out", kamenicky),
+    ("Kamenicky", "Kamenicky (KEYBCS2): code page 437 with 80 to AB and AD replaced, the rest as there; written out", kamenicky),
     ("Koi8R", "KOI8-R (RFC 1489); iconv, Python", lambda: agreed("KOI8-R", "koi8_r")),
     ("MacCentralEurope", "Mac Central European (Apple's CENTEURO.TXT); iconv, Python",
      lambda: agreed("MAC-CENTRALEUROPE", "mac_latin2")),

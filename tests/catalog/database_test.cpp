@@ -501,6 +501,17 @@ TEST_F(Applying, TurnsAnUnknownTableOffWhenNoTableIsSelected) {
     EXPECT_EQ(table.GetCopyStructure(), 0);
 }
 
+TEST_F(Applying, LooksAtSelectedTablesOfTheOtherOnly) {
+    Table& table = database.AddTable(u"new");
+    other.SetAutoStructureUpdate(1);
+    Table& theirs = other.AddTable(u"old");
+    theirs.CQZObjectInfo::SetSelected(0);
+    ASSERT_EQ(theirs.GetCopyData() + theirs.GetCopyStructure(), 2);
+    database.ApplyOptions(&other, 0);
+    EXPECT_EQ(table.GetCopyData(), 0);
+    EXPECT_EQ(table.GetCopyStructure(), 0);
+}
+
 TEST_F(Applying, OverwritesAnUnknownTableWhereTablesAreOverwritten) {
     Table& table = database.AddTable(u"new");
     other.AddTable(u"old");
@@ -512,6 +523,16 @@ TEST_F(Applying, OverwritesAnUnknownTableWhereTablesAreOverwritten) {
     table.SetSyncInsert(1);
     database.ApplyOptions(&other, 0);
     EXPECT_EQ(table.GetSyncInsert(), 1);
+}
+
+TEST_F(Applying, KeepsTheOverwritingThatAnUnknownTableHas) {
+    Table& table = database.AddTable(u"new");
+    table.SetOverwriteTable(2);
+    other.AddTable(u"old");
+    other.SetAutoStructureUpdate(1);
+    other.SetOverwriteTables(1);
+    database.ApplyOptions(&other, 0);
+    EXPECT_EQ(table.GetOverwriteTable(), 2);
 }
 
 TEST_F(Applying, AddsTheUserFunctionsThatHaveACount) {

@@ -1,6 +1,8 @@
 // Row filters and their conditions.
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <functional>
 #include <type_traits>
 
 #include "Concrete.h"
@@ -83,6 +85,22 @@ TEST(CQZFilterItemInfo, IsCopiedWithItsField) {
     EXPECT_EQ(clone->GetConditionAdd(), 7);
     EXPECT_EQ(TextOf(clone->GetValue()), u"10");
     EXPECT_EQ(clone->GetField(), &field);
+}
+
+// Assigning a value copies its binary part, copying it does not.
+TEST(CQZFilterItemInfo, TakesTheBinaryPartOfAValueButDoesNotCopyIt) {
+    QZFieldValue value = Value(u"10");
+    value.SetBinary(reinterpret_cast<const unsigned char*>("123"), 3);
+    FilterItem set;
+    set.SetValue(value);
+    FilterItem all;
+    all.Set(u"Price", 3, value, 7);
+    for (const FilterItem& item : {std::cref(set), std::cref(all)}) {
+        std::uint32_t length = 0;
+        EXPECT_NE(item.GetValue().GetBinary(length), nullptr);
+        EXPECT_EQ(length, 3U);
+        EXPECT_EQ(FilterItem(item).GetValue().GetBinary(length), nullptr);
+    }
 }
 
 TEST(CQZFilterItemInfo, SavesItsValueInASectionOfItsOwn) {

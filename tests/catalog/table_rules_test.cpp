@@ -449,6 +449,24 @@ TEST(HastyTables, CannotDisturbTheirSelection) {
     EXPECT_EQ(table.GetSelected(), 0);
 }
 
+/// Has its tables refresh themselves whenever one of them has it refreshed.
+class HastyDatabase final : public Database {
+ public:
+    void RefreshSelection() override {
+        Database::RefreshSelection();
+        for (auto* table : m_listTables) table->RefreshSelection(0);
+    }
+};
+
+TEST(HastyDatabases, CannotDisturbASetterWithinAnother) {
+    HastyDatabase database;
+    Table& table = database.AddTable(u"t");
+    table.SetSelected(0);
+    table.SetSelected(1);
+    table.AddIndex(u"i");  // for which a refresh before would have turned the option off
+    EXPECT_EQ(table.GetCopyIndexes(), 1);
+}
+
 TEST_F(TellingChildren, AreHeardBehindASetter) {
     table.SetCopyIndexes(0);
     table.SetSelected(0);
@@ -544,6 +562,43 @@ TEST_F(CallOrder, OfStructure) {
         LogOf([&] { table.CQZTableInfo::SetCopyStructure(0); }),
         Log({"SetCopyIndexes 0", "SetCopyForeignKeys 0", "SetCopyData 0", "RefreshSelection", "RefreshSelection"}));
     EXPECT_EQ(LogOf([&] { table.CQZTableInfo::SetCopyStructure(0); }), Log());
+    table.SetCopyStructure(1);
+    EXPECT_EQ(LogOf([&] { table.CQZTableInfo::SetCopyStructure(0); }),
+              Log({"SetCopyIndexes 0", "SetCopyForeignKeys 0", "RefreshSelection"}));
+}
+
+/// What stands at the time of a call.
+class WatchingTable final : public Table {
+ public:
+    void SetCopyIndexes(int nValue) override {
+        fieldSeen = m_listFields.GetHead()->GetSelected();
+        Table::SetCopyIndexes(nValue);
+    }
+    void SetCopyData(int nValue) override {
+        overwritingSeen = GetOverwriteTable();
+        Table::SetCopyData(nValue);
+    }
+
+    int fieldSeen = -1;
+    int overwritingSeen = -1;
+};
+
+TEST(WatchingTables, SeeFieldsGoBeforeIndexes) {
+    WatchingTable table;
+    table.AddField(u"f");
+    table.SetCopyData(0);
+    table.SetCopyStructure(0);
+    EXPECT_EQ(table.fieldSeen, 0);
+}
+
+TEST(WatchingTables, SeeDataGoBeforeOverwriting) {
+    Database database;
+    auto& table = database.AddTable<WatchingTable>(u"t");
+    table.AddField(u"f");
+    database.SetOverwriteDatabase(1);
+    table.SetCopyStructure(0);
+    EXPECT_EQ(table.overwritingSeen, 1);
+    EXPECT_EQ(table.GetOverwriteTable(), 0);
 }
 
 TEST_F(CallOrder, OfData) {

@@ -148,7 +148,7 @@ TEST(EncodingTables, AreBuiltOnRelatedSets) {
     }
     const CodePoints pc = IconvTable("IBM437");
     for (unsigned byte = 0; byte < 256; ++byte) {
-        if (byte >= 0x80 && byte < 0xAC) continue;
+        if ((byte >= 0x80 && byte < 0xAC) || byte == 0xAD) continue;
         EXPECT_EQ(ForwardTable(20)[byte], pc[byte]) << Where(20, byte);
     }
 }
@@ -201,7 +201,7 @@ TEST(EncodingTables, HoldWhatWasNotedByHand) {
           {0xA9, U'ř'},
           {0xAB, U'Ŕ'},
           {0xAC, U'¼'},
-          {0xAD, U'¡'},
+          {0xAD, U'§'},
           {0xB0, U'░'},
           {0xE1, U'ß'},
           {0xFF, 0xA0}}},

@@ -13,6 +13,7 @@
 #include <thread>
 #include <vector>
 
+#include "QZParserSQL/model/CQZAliasInfo.h"
 #include "QZParserSQL/platform/CString.h"
 #include "QZParserSQL/platform/Guid.h"
 
@@ -96,6 +97,20 @@ TEST(Guid, IsAnotherInAChildProcess) {
 
 TEST(GuidDeathTest, IsEmptyWhereTheSystemGivesNoRandomBytes) {
     EXPECT_EXIT(_exit(ForbidRandomBytes() && QZNewGuid().IsEmpty() ? 7 : 1), testing::ExitedWithCode(7), "");
+}
+
+// Without random bytes an object keeps the identity that it has, and a new one gets none.
+bool ObjectsDoWithoutGuids() {
+    CQZAliasInfo object;
+    object.SetGUID(u"{old}");
+    if (!ForbidRandomBytes()) return false;
+    while (!QZNewGuid().IsEmpty()) continue;
+    object.NewGUID();
+    return object.GetGUID() == u"{old}" && CQZAliasInfo().GetGUID().IsEmpty();
+}
+
+TEST(GuidDeathTest, ObjectsKeepTheIdentityTheyHaveWithoutRandomBytes) {
+    EXPECT_EXIT(_exit(ObjectsDoWithoutGuids() ? 7 : 1), testing::ExitedWithCode(7), "");
 }
 
 TEST(GuidDeathTest, TakesTheBytesOfSixteenInOneCall) {

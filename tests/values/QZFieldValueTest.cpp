@@ -277,6 +277,15 @@ TEST(QZFieldValue, KeepsItsLastConversion) {
     EXPECT_EQ(value.GetWideText(), u"да"s) << "and goes with a change";
 }
 
+TEST(QZFieldValue, IsNotConvertedAgainToWhatItWasConvertedToLast) {
+    const QZFieldValue value("мир", kUtf8, 2);
+    value.GetText(21);
+    for (int encoding = 311; encoding <= 315; ++encoding) QZFieldValue("x", kUtf8, 2).GetText(encoding);
+    const std::size_t built = qz::ReverseTablesBuilt();
+    EXPECT_STREQ(value.GetText(21), "\xCD\xC9\xD2");
+    EXPECT_EQ(qz::ReverseTablesBuilt(), built) << "whose table is gone";
+}
+
 TEST(QZFieldValue, EndsConvertedTextAtATerminator) {
     EXPECT_EQ(Raw("ab\0cd"s).GetWideText(), u"ab"s);
     EXPECT_STREQ(Raw("ab\0cd"s).GetText(kUtf8), "ab");
