@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""Runs the examples of README.md: the first ```sql block must give the tree of the block behind it, and the commands of
-each ```console block what stands below them. They run in a folder with shop.db, made of examples/shop.sql.
+"""Runs the examples of a page: an ```sql block must give the tree of the block behind it (MS Access), and the commands of
+each ```console block what stands below them, standard error included. They run in a folder with shop.db, made of
+examples/shop.sql.
 
-    check_readme.py README.md QZSQL
+    check_readme.py PAGE ROOT PROGRAM...
 """
 
 import os
@@ -13,29 +14,39 @@ import sys
 import tempfile
 from pathlib import Path
 
-blocks = re.findall(r"^```(\w*)\n(.*?)^```$", Path(sys.argv[1]).read_text(), re.M | re.S)
-sql, shown = blocks[0][1], blocks[1][1]
-if blocks[0][0] != "sql":
-    sys.exit("README.md does not begin with an sql example")
-tree = subprocess.run([sys.argv[2], "tree", "-d", "access", "-e", sql.strip()], capture_output=True, text=True, check=True)
-if tree.stdout != shown:
-    sys.exit(f"README.md shows another tree than qzsql:\n{tree.stdout}")
+PAGE, ROOT = Path(sys.argv[1]), Path(sys.argv[2])
+PATH = os.pathsep.join([*(str(Path(program).resolve().parent) for program in sys.argv[3:]), os.environ["PATH"]])
 
 
-def check_commands(block: str, folder: str) -> None:
-    path = os.pathsep.join([str(Path(sys.argv[2]).resolve().parent), os.environ["PATH"]])
-    for command, wanted in re.findall(r"^\$ (.*)\n((?:(?!\$ ).*\n)*)", block, re.M):
-        run = subprocess.run(command, shell=True, cwd=folder, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
-                             env={**os.environ, "PATH": path})
-        if run.stdout != wanted:
-            sys.exit(f"README.md shows something else than: {command}\n{run.stdout}")
+def run(command: list[str] | str, folder: str) -> str:
+    return subprocess.run(command, shell=isinstance(command, str), cwd=folder, stdout=subprocess.PIPE,
+                          stderr=subprocess.STDOUT, text=True, env={**os.environ, "PATH": PATH}, check=False).stdout
 
 
-with tempfile.TemporaryDirectory() as folder:
-    connection = sqlite3.connect(Path(folder) / "shop.db")
-    connection.executescript((Path(sys.argv[1]).parent / "examples" / "shop.sql").read_text())
-    connection.close()
-    for language, block in blocks:
+def check(shown: str, command: list[str] | str, folder: str) -> int:
+    found = run(command, folder)
+    if found != shown:
+        sys.exit(f"{PAGE.name} shows something else than: {command}\n{found}")
+    return 1
+
+
+def check_page(folder: str) -> int:
+    count = 0
+    blocks = re.findall(r"^```(\w*)\n(.*?)^```$", PAGE.read_text(), re.M | re.S)
+    for (language, block), (_, next_block) in zip(blocks, [*blocks[1:], ("", "")]):
+        if language == "sql":
+            count += check(next_block, ["qzsql", "tree", "-d", "access", "-e", block.strip()], folder)
         if language == "console":
-            check_commands(block, folder)
-print("the examples of README.md are true")
+            for command, shown in re.findall(r"^\$ (.*)\n((?:(?!\$ ).*\n)*)", block, re.M):
+                count += check(shown, command, folder)
+    return count
+
+
+with tempfile.TemporaryDirectory() as work:
+    connection = sqlite3.connect(Path(work) / "shop.db")
+    connection.executescript((ROOT / "examples" / "shop.sql").read_text())
+    connection.close()
+    examples = check_page(work)
+if examples == 0:
+    sys.exit(f"{PAGE.name} has no example")
+print(f"the {examples} examples of {PAGE.name} are true")
