@@ -4,13 +4,13 @@
 #include <string>
 
 #include "QZParserSQL/MSAccess_v3/MSAccessSQL_v3StateSelectQuery.h"
-#include "tests/support/HandMadeTree.h"
-#include "tests/support/ModelText.h"
+#include "tests/support/HandMadeModel.h"
 
 namespace {
 
-using N = HandMadeTree<QZGrammarMSAccessSQL_v3>;
-using Nodes = std::vector<N>;
+using Models = HandMadeModels<MSAccessSQL_v3StateSelectQuery, QZGrammarMSAccessSQL_v3>;
+using N = Models::Node;
+using Nodes = Models::Nodes;
 
 N Name(const CString& text) { return {"IDENTIFICATOR", text}; }
 N Column(const CString& text) { return {"COLUMN_SPECIFICATION", Nodes{{"COLUMN_NAME", Nodes{Name(text)}}}}; }
@@ -18,47 +18,13 @@ N Table(const CString& text) { return {"TABLE_NAME", Nodes{Name(text)}}; }
 N Digits(const CString& text) { return {"NUMBER_LITERAL", Nodes{{"DIGIT", text}}}; }
 N Number(const CString& text) { return {"SQL_LITERAL", Nodes{Digits(text)}}; }
 
-/// The model of a SELECT with these clauses.
-std::string Built(Nodes clauses) {
-    concrete::Database database;
-    CQZQueryInfo query;
-    query.SetDatabase(&database);
-    N select("SELECT_QUERY", std::move(clauses));
-    MSAccessSQL_v3StateSelectQuery state(&select);
-    state.m_pQuery = &query;
-    state.Build();
-    return OutlineOf(query);
-}
+const Models models("SELECT_QUERY");
 
-/// What stands in a clause, at the left border.
-std::string Clause(const std::string& outline, const std::string& name) {
-    std::string text;
-    const std::string heading = "\n  " + name;
-    auto at = outline.find(heading + '\n');
-    if (at == std::string::npos) at = outline.find(heading + ' ');
-    if (at == std::string::npos) return "";
-    at = outline.find('\n', at + 1) + 1;
-    for (; outline.compare(at, 4, "    ") == 0; at = outline.find('\n', at) + 1)
-        text += outline.substr(at + 4, outline.find('\n', at) + 1 - at - 4);
-    return text;
-}
-
-/// The items that a select list makes of a node.
-std::string Selected(const N& node) { return Clause(Built({{"SELECT_LIST", Nodes{node}}}), "Select"); }
-
-/// The items that become operands of an operator.
-std::string Operands(const Nodes& nodes) {
-    const std::string outline = Selected({"PLUS", u"+", nodes});
-    const std::string first = "ItemKind=4 FuncName=\"+\" TokenType=PLUS IsOperator=1\n";
-    EXPECT_EQ(outline.substr(0, first.size()), first);
-    std::string text;
-    for (auto at = first.size(); at < outline.size(); at = outline.find('\n', at) + 1)
-        text += outline.substr(at + 2, outline.find('\n', at) + 1 - at - 2);
-    return text;
-}
-std::string Operand(const N& node) { return Operands({node}); }
-
-std::string From(const N& node) { return Clause(Built({{"FROM_DEF_", Nodes{node}}}), "From"); }
+std::string Built(Nodes clauses) { return models.Built(std::move(clauses)); }
+std::string Selected(const N& node) { return models.Selected(node); }
+std::string Operands(const Nodes& nodes) { return models.Operands(nodes); }
+std::string Operand(const N& node) { return models.Operand(node); }
+std::string From(const N& node) { return models.From(node); }
 
 // ------------------------------------------------------------------------------------------------------- clauses
 
