@@ -26,7 +26,7 @@ def run_batch(qzsql, dialect, emit, texts):
     lines = ''.join(json.dumps({'id': number, 'sql': sql}) + '\n' for number, sql in enumerate(texts))
     run = subprocess.run([qzsql, 'batch', '-d', dialect, '--emit', emit], input=lines, stdout=subprocess.PIPE,
                          encoding='utf-8', check=False)
-    records = [json.loads(line) for line in run.stdout.splitlines()]
+    records = [json.loads(line) for line in run.stdout.split('\n') if line]
     if run.returncode not in (0, 1) or [record.get('id') for record in records] != list(range(len(texts))):
         sys.exit(f'{qzsql} batch --emit {emit}: exit code {run.returncode}, {len(records)} records for '
                  f'{len(texts)} texts, or not in order')
