@@ -208,9 +208,9 @@ TEST(MSSQLWalker, ATableIsNamedBehindADatabase) {
 }
 
 TEST(MSSQLWalker, EachKindOfFunctionIsAFunctionInEveryPlace) {
+    const std::string expected = "ItemKind=4 FuncName=\"Len\" TokenType=LEN\n  " + kFieldA + "  " + kOne;
     for (const char* type : {"CONVERT_FUNCTION", "FUNCTION", "GROUP_FUNCTION"}) {
         const N function(type, Nodes{{"LEN", u" Len"}, Parameters({Column(u"a"), Number(u"1")})});
-        const std::string expected = "ItemKind=4 FuncName=\"Len\" TokenType=LEN\n  " + kFieldA + "  " + kOne;
         EXPECT_EQ(Operand(function), expected) << type;
         EXPECT_EQ(Selected(function), expected) << type;
         EXPECT_EQ(Operand({type}), "") << type;
