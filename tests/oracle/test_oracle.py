@@ -169,7 +169,6 @@ A_IS_1, B_IS_2, C_IS_3 = cond(eq(A, ONE)), cond(eq(B, TWO)), cond(eq(C, THREE))
 ONE_AND_TWO = word('AND_KEYWORD', ONE, TWO)
 ON_XY = on(cond(eq(X, Y)))
 ON_YZ = on(cond(eq(Y, Z)))
-BY_A = node('ORDER_BY', A)
 
 STATEMENTS = {
     'SELECT a, b AS c FROM t1 INNER JOIN t2 ON t1.x = t2.y WHERE a > 1 ORDER BY b DESC': query(
