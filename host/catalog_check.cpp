@@ -24,15 +24,13 @@ class Check {
         for (auto* query : queries_) sources_.push_back(SourcesOf(*query));
         const auto rings = FindRings(FollowSources(database_, sources_));
         for (const auto& ring : rings.rings) TellRing(ring);
-        for (std::size_t i = 0; i < queries_.size(); ++i) {
-            if (!rings.leadsToRing[i]) BuildForCheck(*queries_[i], sources_[i]);
-        }
+        const auto codes = CodesOf(rings);
         for (std::size_t i = 0; i < queries_.size(); ++i) {
             if (rings.leadsToRing[i]) {
                 ExplainSources(i);
                 Note(*queries_[i], "checked no further, since it reads queries in a ring");
             } else {
-                CheckQuery(i);
+                Explain(i, codes[i]);
             }
         }
         return std::move(findings_);
@@ -79,9 +77,21 @@ class Check {
         Fault(*queries_[ring.front()], "reads itself in a ring of queries: " + RingPath(database_, ring));
     }
 
-    void CheckQuery(std::size_t number) {
+    /// 0 for those that lead to a ring.
+    std::vector<int> CodesOf(const Rings& rings) {
+        std::vector<int> codes(queries_.size());
+        for (std::size_t i = 0; i < queries_.size(); ++i) {
+            if (!rings.leadsToRing[i]) BuildForCheck(*queries_[i], sources_[i]);
+        }
+        for (const auto number : rings.sourcesFirst) {
+            if (!rings.leadsToRing[number]) codes[number] = queries_[number]->KeepCheck();
+        }
+        for (auto* query : queries_) query->ForgetCheck();
+        return codes;
+    }
+
+    void Explain(std::size_t number, int code) {
         auto& query = *queries_[number];
-        const int code = query.GetCorrect();
         if (code > kLastError) Note(query, fmt::format("the check gives {}", code));
         if (code <= 0 || code > kLastError) return;
         const auto before = findings_.faults.size();

@@ -6,6 +6,7 @@
 
 #include "host/catalog_filter.h"
 #include "host/database_kinds.h"
+#include "host/nearest_names.h"
 #include "host/output.h"
 #include "host/wrong_usage.h"
 
@@ -55,7 +56,7 @@ CLI::Option* AddName(CLI::App& command, const char* name, std::string& to, const
 }  // namespace
 
 CatalogCommandLine::CatalogCommandLine(CLI::App& app) : command_(app.add_subcommand("catalog", kAbout)) {
-    command_->require_subcommand(1);
+    command_->require_subcommand(0, 1)->allow_extras();
     command_->footer(
         fmt::format("{}\n\nExample:\n  qzsql catalog init shop.qzc && qzsql catalog show shop.qzc\n", kExitCodes));
     AddInit();
@@ -147,7 +148,21 @@ ExitCode CatalogCommandLine::Run() const {
             return kUnreadable;
         }
     }
+    TellWhatIsMissing();
     return kWrongUsage;
+}
+
+void CatalogCommandLine::TellWhatIsMissing() const {
+    std::vector<CString> names;
+    std::string all;
+    for (const auto& [command, run] : commands_) {
+        names.push_back(CString::FromUtf8(command->get_name()));
+        all.append(all.empty() ? "" : ", ").append(command->get_name());
+    }
+    const auto words = command_->remaining();
+    const auto fault =
+        words.empty() ? "a command is missing." : UnknownName("command", CString::FromUtf8(words.front()), names);
+    Tell(fmt::format("qzsql catalog: {} The commands are {}; see: qzsql catalog --help\n", fault, all));
 }
 
 }  // namespace qzsql

@@ -31,6 +31,7 @@ class CatalogCommandLine {
     void AddSet();
     void AddCheck();
     void AddFilter();
+    void TellWhatIsMissing() const;
 
     CLI::App* command_;
     std::vector<std::pair<CLI::App*, std::function<ExitCode()>>> commands_;

@@ -90,16 +90,17 @@ class ConditionReader {
         if (code < 0) {
             throw WrongUsage(fmt::format("unknown comparison '{}'; the known ones are {}", name, ComparisonNames()));
         }
+        const auto& comparison = *FindComparison(code);
         QZFieldValue value;
-        if (FindComparison(code)->hasValue) value = ReadValue(field);
+        if (comparison.hasValue) value = ReadValue(field, comparison);
         QZOwned<CatalogFilterItem> item(new CatalogFilterItem(table_.Kind()));
         item->Set(field.GetSrcName(), code, value, joint);
         return item;
     }
 
-    QZFieldValue ReadValue(const CQZFieldInfo& field) {
+    QZFieldValue ReadValue(const CQZFieldInfo& field, const Comparison& comparison) {
         const auto& text = Next("a value");
-        const auto type = ValueTypeOf(field.GetType());
+        const auto type = comparison.isOfTexts ? kTextValue : ValueTypeOf(field.GetType());
         if (type == kNumberValue && !IsNumber(text)) {
             throw WrongUsage(fmt::format("'{}' is no number, but the field {} is {}", text, field.GetSrcName().ToUtf8(),
                                          field.GetType().ToUtf8()));
@@ -134,12 +135,12 @@ std::string FilterLine(const CatalogTable& table) {
 
 void ChangeFilter(CatalogTable& table, const FilterRequest& request) {
     if (request.removes) return table.SetFilter(nullptr);
-    if (request.sql.empty()) {
+    if (!request.sql) {
         const auto filter = ConditionReader(request.conditions, table).Read();
         return table.SetFilter(filter.get());
     }
     const QZOwned<CatalogFilter> filter(new CatalogFilter(table.Kind()));
-    filter->SetSQLQuery(FromArgument(request.sql));
+    filter->SetSQLQuery(FromArgument(*request.sql));
     filter->SetUseSQLQuery(1);
     table.SetFilter(filter.get());
 }
@@ -224,8 +225,9 @@ ExitCode Check(const CheckRequest& request) {
 }
 
 ExitCode Filter(const FilterRequest& request) {
-    const int ways = (request.conditions.empty() ? 0 : 1) + (request.sql.empty() ? 0 : 1) + (request.removes ? 1 : 0);
+    const int ways = (request.conditions.empty() ? 0 : 1) + (request.sql ? 1 : 0) + (request.removes ? 1 : 0);
     if (ways > 1) throw WrongUsage("give conditions, --sql or --remove, one of them");
+    if (request.sql && request.sql->empty()) throw WrongUsage("--sql is empty; to remove the filter, say --remove");
     const CString name = FromArgument(request.table);
     if (ways == 0) {
         const auto database = LoadCatalog(request.store);

@@ -1,6 +1,7 @@
 // The commands that work on a catalog in its store. They throw StoreError and WrongUsage.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -56,7 +57,7 @@ struct FilterRequest {
     std::string store;
     std::string table;
     std::vector<std::string> conditions;  ///< FIELD OP [VALUE] [and|or FIELD OP [VALUE]]...
-    std::string sql;
+    std::optional<std::string> sql;
     bool removes = false;
 };
 /// Without conditions, SQL text and removal shows the filter.

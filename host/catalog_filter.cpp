@@ -9,15 +9,15 @@ namespace qzsql {
 namespace {
 
 constexpr Comparison kComparisons[] = {
-    {"=", u"=", true},
-    {"<>", u"<>", true},
-    {"<", u"<", true},
-    {"<=", u"<=", true},
-    {">", u">", true},
-    {">=", u">=", true},
-    {"like", u"LIKE", true},
-    {"is-null", u"IS NULL", false},
-    {"is-not-null", u"IS NOT NULL", false},
+    {"=", u"=", true, false},
+    {"<>", u"<>", true, false},
+    {"<", u"<", true, false},
+    {"<=", u"<=", true, false},
+    {">", u">", true, false},
+    {">=", u">=", true, false},
+    {"like", u"LIKE", true, true},
+    {"is-null", u"IS NULL", false, false},
+    {"is-not-null", u"IS NOT NULL", false, false},
 };
 
 /// Words that the source types of a value's kind contain. The first row that fits counts.

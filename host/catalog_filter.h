@@ -14,6 +14,7 @@ struct Comparison {
     std::string_view name;  // on the command line
     std::u16string_view sql;
     bool hasValue;
+    bool isOfTexts;  // whatever the field's type
 };
 
 /// -1 for a name that no comparison has.

@@ -203,6 +203,13 @@ void CatalogQuery::Load(QZSettingsStore* pStore, QZObjectFactory* pFactory) {
     if (dialect != nullptr) SetDialect(*dialect);
 }
 
+int CatalogQuery::CheckChildren(int nFlag) { return kept_ ? *kept_ : CQZQueryInfo::CheckChildren(nFlag); }
+
+int CatalogQuery::KeepCheck() {
+    kept_ = GetCorrect();
+    return *kept_;
+}
+
 CatalogDatabase::CatalogDatabase(const CatalogDatabase& other, int bSelectedOnly)
     : CQZDatabaseInfo(other, bSelectedOnly), kind_(other.kind_) {
     Connect();

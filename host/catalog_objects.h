@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -136,6 +137,12 @@ class CatalogQuery final : public CQZQueryInfo {
     int GetDBType() const override { return kind_->number; }
     void SaveQuery(QZSettingsStore* pStore, int nUnused) override;
     void Load(QZSettingsStore* pStore, QZObjectFactory* pFactory) override;
+    int CheckChildren(int nFlag) override;
+
+    /// Checks the query and keeps the code for CheckChildren, until it is forgotten: in a chain of queries each is
+    /// then checked once, not anew for every query that leads to it.
+    int KeepCheck();
+    void ForgetCheck() { kept_.reset(); }
 
     const CString& Text() const { return text_; }
     /// Also what GetSQL gives, in the form that the library wants.
@@ -148,6 +155,7 @@ class CatalogQuery final : public CQZQueryInfo {
  private:
     const DatabaseKind* kind_;
     CString text_;
+    std::optional<int> kept_;
 };
 
 /// Tables and queries are CatalogTable and CatalogQuery objects.

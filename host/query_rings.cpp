@@ -54,6 +54,7 @@ class RingFinder {
     void Leave() {
         const auto query = path_.back().query;
         states_[query] = State::Done;
+        found_.sourcesFirst.push_back(query);
         path_.pop_back();
         if (!path_.empty() && found_.leadsToRing[query]) Mark(path_.back().query);
     }

@@ -14,6 +14,8 @@ struct Rings {
     std::vector<std::vector<std::size_t>> rings;
     /// Whether a query reads, itself or by way of others, queries of a ring. Those in a ring do.
     std::vector<bool> leadsToRing;
+    /// All queries, each behind those that it reads, as far as no ring is in the way.
+    std::vector<std::size_t> sourcesFirst;
 };
 
 Rings FindRings(const Readings& readings);

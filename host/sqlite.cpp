@@ -45,10 +45,20 @@ std::string Explain(sqlite3* handle) {
 
 constexpr int kPatience = 500;  // milliseconds that another process may hold a lock
 
+// An absolute path keeps names like ":memory:" from meaning something else than a file. A pipe would keep SQLite
+// waiting, and a device has no length.
+std::string PathOfFile(const std::string& path) {
+    if (path.empty()) throw SqliteError("the name of the file is empty; name a file");
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    const bool isFile = std::filesystem::is_regular_file(status) || std::filesystem::is_directory(status);
+    if (std::filesystem::exists(status) && !isFile) throw SqliteError("a device or a pipe; name a file");
+    return std::filesystem::absolute(path).string();
+}
+
 }  // namespace
 
-// An absolute path keeps names like ":memory:" from meaning something else than a file.
-Connection::Connection(const std::string& path, int flags) : path_(std::filesystem::absolute(path).string()) {
+Connection::Connection(const std::string& path, int flags) : path_(PathOfFile(path)) {
     sqlite3* handle = nullptr;
     const int code = sqlite3_open_v2(path_.c_str(), &handle, flags, nullptr);
     handle_.reset(handle);
@@ -60,7 +70,8 @@ Connection::Connection(const std::string& path, int flags) : path_(std::filesyst
 void Connection::CheckLength() {
     Execute("BEGIN");
     const auto length = Number("PRAGMA page_count") * Number("PRAGMA page_size");
-    if (length != static_cast<std::int64_t>(std::filesystem::file_size(path_))) throw SqliteError(kDamaged);
+    std::error_code error;
+    if (length != static_cast<std::int64_t>(std::filesystem::file_size(path_, error))) throw SqliteError(kDamaged);
     Execute("COMMIT");
 }
 

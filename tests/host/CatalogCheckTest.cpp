@@ -1,6 +1,8 @@
 // Whether a catalog holds together.
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 #include "host/catalog_check.h"
 #include "host/query_sources.h"
 #include "tests/host/CatalogSamples.h"
@@ -130,6 +132,51 @@ TEST_F(CatalogCheckTest, LongChainsOfQueries) {
     EXPECT_EQ(CheckCatalog(database_).faults.size(), 1U);
     database_.Queries().back()->SetText(u"SELECT Field1 FROM Table1");
     EXPECT_EQ(CheckCatalog(database_).faults, Lines());
+}
+
+/// Processor time in seconds.
+template <class Do>
+double TimeOf(Do act) {
+    const auto begun = std::clock();
+    act();
+    return static_cast<double>(std::clock() - begun) / CLOCKS_PER_SEC;
+}
+
+// Each query is checked once: anew for every query that leads to it, this would take a thousand times as long as to
+// read the texts.
+TEST_F(CatalogCheckTest, LongChainsAreCheckedInTheTimeThatTheirLengthNeeds) {
+    constexpr int kMany = 300;
+    FillCatalog(database_, 1, 2);
+    CString source = u"Table1";
+    for (int i = 0; i < kMany; ++i) {
+        const CString name = u"q" + CString::FromInt(i);
+        AddQuery(name, u"SELECT " + source + u".Field1 FROM " + source);
+        source = name;
+    }
+    const double reading = TimeOf([this] {
+        for (const auto* query : database_.Queries()) ReadSources(*query);
+    });
+    EXPECT_LT(TimeOf([this] { EXPECT_EQ(CheckCatalog(database_).faults, Lines()); }), 100 * reading);
+}
+
+TEST_F(CatalogCheckTest, AFaultIsToldOfAllThatReadItsQueryInWhateverOrderTheyStand) {
+    FillCatalog(database_, 1, 2);
+    AddQuery(u"last", u"SELECT Field1 FROM middle");
+    AddQuery(u"first", u"SELECT Field1, Gone FROM Table1");
+    AddQuery(u"middle", u"SELECT Field1 FROM first");
+    EXPECT_EQ(CheckCatalog(database_).faults, Lines({"last: something that it reads is not right",
+                                                     "first: refers to the field Gone, which its sources do not have",
+                                                     "middle: something that it reads is not right"}));
+}
+
+TEST_F(CatalogCheckTest, ACodeIsNotKeptBehindTheCheck) {
+    FillCatalog(database_, 1, 2);
+    AddQuery(u"q", u"SELECT Field1 FROM Table1");
+    EXPECT_EQ(CheckCatalog(database_).faults, Lines());
+    auto& query = *database_.FindQuery(u"q");
+    EXPECT_EQ(query.CheckChildren(0), 0);
+    database_.FindTable(u"Table1")->SetSelected(0);
+    EXPECT_EQ(query.CheckChildren(0), 1);
 }
 
 TEST_F(CatalogCheckTest, QueriesOfTheOtherDialectsAreCheckedForWhatTheyRead) {

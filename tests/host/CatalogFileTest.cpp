@@ -124,7 +124,7 @@ TEST_F(CatalogFileTest, RoundTripsOf1And100Tables) {
     for (const int tables : {1, 99}) {
         Log saved;
         Save([&](CatalogDatabase& database) {
-            database.m_listTables.RemoveAll();
+            while (!database.m_listTables.IsEmpty()) QZOwned<CQZTableInfo>(database.m_listTables.RemoveHead());
             FillCatalog(database, tables, 20);
             saved = SavedAs(database);
         });

@@ -1,6 +1,8 @@
 // Queries that read each other in a ring.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "host/query_rings.h"
 
 namespace qzsql {
@@ -46,6 +48,14 @@ TEST(QueryRings, OfRingsThatTouchOneIsTold) {
     const auto found = FindRings({{1, 2}, {0}, {0}});
     EXPECT_EQ(found.rings, std::vector<Ring>({{0, 1}}));
     EXPECT_EQ(found.leadsToRing, std::vector<bool>({true, true, true}));
+}
+
+TEST(QueryRings, SourcesComeFirst) {
+    EXPECT_EQ(FindRings({{1, 2}, {2}, {}, {0}}).sourcesFirst, Ring({2, 1, 0, 3}));
+    EXPECT_EQ(FindRings({{}, {0}}).sourcesFirst, Ring({0, 1}));
+    auto inARing = FindRings({{1}, {0, 2}, {}}).sourcesFirst;
+    std::sort(inARing.begin(), inARing.end());
+    EXPECT_EQ(inARing, Ring({0, 1, 2}));
 }
 
 TEST(QueryRings, LongChainsAndLongRings) {

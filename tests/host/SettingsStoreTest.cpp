@@ -1,5 +1,7 @@
 // Sections and keys in an SQLite file.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <climits>
 #include <stdexcept>
@@ -362,6 +364,18 @@ TEST_F(BadStore, ADamagedPageIsRememberedAndNothingIsWritten) {
     EXPECT_EQ(WhatItThrows([&] { store.ThrowIfFailed(); }),
               Path() + ": damaged or cut off; put a sound copy in its place");
     EXPECT_EQ(onDisk_.Bytes(), bytes);
+}
+
+TEST_F(BadStore, NoFile) {
+    EXPECT_EQ(WhatItThrows([] { SettingsStore("", Use::Read); }), ": the name of the file is empty; name a file");
+    EXPECT_EQ(WhatItThrows([] { SettingsStore("/dev/null", Use::Read); }),
+              "/dev/null: a device or a pipe; name a file");
+    const std::string pipe = Path() + ".pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const Use use : {Use::Read, Use::Write}) {
+        EXPECT_EQ(WhatItThrows([&] { SettingsStore(pipe, use); }), pipe + ": a device or a pipe; name a file");
+    }
+    unlink(pipe.c_str());
 }
 
 TEST(SettingsStorePaths, NamesWithAMeaningToSqliteAreFiles) {

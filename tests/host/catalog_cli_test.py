@@ -82,6 +82,7 @@ class CatalogCommands(Catalog):
             ["show", self.store, "-f", "xml"],
             ["set", self.store, "Orders", "CopyData"],
             ["filter", self.store, "Orders", "--sql", "a", "--remove"],
+            ["filter", self.store, "Orders", "--sql", ""],
             ["filter", self.store, "Orders", "Amount"],
             ["filter", self.store, "Orders", "Amount", "="],
             ["filter", self.store, "Orders", "Amount", "=", "1", "and"],
@@ -92,6 +93,12 @@ class CatalogCommands(Catalog):
             out, err = self.expect(WRONG_USAGE, "catalog", *arguments)
             self.assertEqual(out, "", arguments)
             self.assertNotEqual(err, "", arguments)
+
+    def test_a_command_that_is_missing_or_unknown(self):
+        _, err = self.expect(WRONG_USAGE, "catalog")
+        self.assertIn("a command is missing. The commands are init, import, add-query, show, set, check, filter;", err)
+        _, err = self.expect(WRONG_USAGE, "catalog", "sho", self.store)
+        self.assertIn("unknown command 'sho'. Did you mean show? The commands are init,", err)
 
     def test_import_and_show(self):
         out, err = self.make()
@@ -139,6 +146,18 @@ class CatalogCommands(Catalog):
         self.make()
         err = self.expect_untouched(WRONG_USAGE, "import", "--sqlite", self.database, self.store)
         self.assertIn("Customers", err)
+
+    def test_what_can_not_be_imported(self):
+        self.make()
+        cut = self.file("cut.db", content(self.database)[:5000])
+        pipe = os.path.join(self.folder, "pipe")
+        os.mkfifo(pipe)
+        for database, said in [(pipe, "a device or a pipe"), (cut, "damaged or cut off"), ("", "the name of the file is"),
+                               (self.file("text", "SELECT a FROM t"), "no SQLite file"),
+                               (self.folder + "/none", "No such file or directory")]:
+            err = self.expect_untouched(UNREADABLE, "import", "--sqlite", database, self.store)
+            self.assertIn(f"{database}: ", err)
+            self.assertIn(said, err)
 
     def test_queries(self):
         self.make()
@@ -200,6 +219,7 @@ class CatalogCommands(Catalog):
             (["Amount", ">=", "100", "and", "Due", "<", "2020-01-31"], "[Amount] >= 100 AND [Due] < #2020-01-31#"),
             (["amount", "=", "-1.5e3", "or", "due", "is-null"], "[Amount] = -1.5e3 OR [Due] IS NULL"),
             (["--sql", "Amount > ID"], "Amount > ID"),
+            (["Due", "like", "2020%", "and", "Amount", "like", "1%"], "[Due] LIKE '2020%' AND [Amount] LIKE '1%'"),
         ]:
             self.assertEqual(self.catalog("filter", self.store, "Orders", *conditions)[0], f"Orders: {shown}\n")
             self.assertEqual(self.catalog("filter", self.store, "orders")[0], f"Orders: {shown}\n")
@@ -252,6 +272,9 @@ class CatalogStores(Catalog):
         self.assertFalse(os.path.exists(self.store))
         os.mkdir(self.store)
         self.expect_refused("can't be opened")
+        os.rmdir(self.store)
+        os.mkfifo(self.store)
+        self.expect_refused("a device or a pipe; name a file")
 
     def test_cut_off(self):
         self.make()
