@@ -301,7 +301,8 @@ void CQZTableInfo::SetFilter(const CQZFilterInfo* pFilter) {
     for (POSITION position = items.GetHeadPosition(); position != nullptr;) {
         const POSITION here = position;
         const CQZFilterItemInfo* item = items.GetNext(position);
-        if (CQZTableInfo::FindFieldBySrcName(item->GetFieldID()) != nullptr) continue;
+        // NOLINTNEXTLINE(clang-analyzer-optin.cplusplus.VirtualCall): a copy being made looks up by itself
+        if (FindFieldBySrcName(item->GetFieldID()) != nullptr) continue;
         const QZOwned<CQZFilterItemInfo> dropped(items.GetAt(here));
         items.RemoveAt(here);
     }

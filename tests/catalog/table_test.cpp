@@ -367,6 +367,23 @@ TEST_F(FilteredTable, KnowsTheFieldOfAConditionByItsSourceName) {
     EXPECT_EQ(table.GetFilter(), nullptr);
 }
 
+/// Knows one more name of each field.
+class TableOfTwoNames final : public Table {
+ public:
+    CQZFieldInfo* FindFieldBySrcName(CString strSrcName) override {
+        return Table::FindFieldBySrcName(strSrcName.Left(strSrcName.GetLength() - 1));
+    }
+};
+
+TEST(FilteredTables, AskTheirOwnLookUpForTheFieldOfACondition) {
+    TableOfTwoNames table;
+    table.AddField(u"Price");
+    Filter filter;
+    AddCondition(filter, u"Price2");
+    table.SetFilter(&filter);
+    EXPECT_NE(table.GetFilter(), nullptr);
+}
+
 TEST_F(FilteredTable, DropsAFilterWithoutConditionsAndText) {
     AddCondition(filter, u"Gone");
     table.SetFilter(&filter);
