@@ -1,0 +1,10 @@
+# Run by CPack over what it packs: as Debian wants it, static libraries carry no debug information and pages are compressed.
+file(GLOB_RECURSE libraries ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*.a)
+file(GLOB_RECURSE pages ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*.1)
+list(FILTER pages INCLUDE REGEX "/man/")
+foreach(library ${libraries})
+    execute_process(COMMAND strip --strip-debug ${library} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+foreach(page ${pages})
+    execute_process(COMMAND gzip -9n ${page} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
