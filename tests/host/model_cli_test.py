@@ -281,6 +281,16 @@ class CatalogModels(Catalog):
             self.assertIn('"ResolvedField":"ID"', out)
             self.assertEqual('"ResolvedTable":"Late"' in out.split('"From"')[0], bool(table), dialect)
 
+    def test_sources_of_oracle_queries_are_tied_to_the_catalog_in_nested_queries_too(self):
+        out = self.results("model", "-d", "oracle", "-f", "json", "--catalog", self.store, "-e",
+                           "SELECT o.ID FROM Orders o WHERE o.ID IN (SELECT ID FROM Open) UNION SELECT ID FROM Customers, x")
+        model = json.loads(out)
+        sources = {"Orders": "table:Orders", "Open": "query:Open", "Customers": "table:Customers", "x": "x"}
+        self.assertEqual(model["Sources"], sources)
+        self.assertEqual(model["Union"][0]["Query"]["Sources"], sources)
+        self.assertEqual([query["Sources"] for query in model["SubQueries"]],
+                         [{"Open": "query:Open"}, {"Customers": "table:Customers", "x": "x"}])
+
     def test_resolution_without_a_catalog(self):
         model = json.loads(self.results("model", "-d", "access", "-f", "json", "--resolve", "-e", "SELECT a, t.b FROM t"))
         self.assertEqual(model["Select"], [{"Class": "Field", "ItemKind": 5, "FieldName": "a", "ResolvedField": "a"},
