@@ -89,7 +89,8 @@ def without_macros(names: set[str], text: str) -> str:
 def write_token_header(path: Path, name: str, names: dict[str, int]) -> None:
     rows = "\n".join(f"    {token} = {number}," for token, number in sorted(names.items(), key=lambda kv: kv[1]))
     path.parent.mkdir(parents=True, exist_ok=True)
-    tokens = f"""namespace {name} {{
+    tokens = f"""/// The vocabulary of the grammar {name}.
+namespace {name} {{
 
 /// What GetType of a view and QZTypeOf give for a tree of this grammar. WORD_x and SIGN_x are the words and signs that
 /// count in one case only; QZTokenName shows them in quotes.

@@ -17,5 +17,6 @@ struct QZDisposer {
     }
 };
 
+/// Owns an object of the catalog.
 template <class Object>
 using QZOwned = std::unique_ptr<Object, QZDisposer>;

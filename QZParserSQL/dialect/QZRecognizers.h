@@ -22,6 +22,8 @@
 #include "QZParserSQL/platform/InputStream.h"
 
 struct ANTLR3_BASE_TREE_struct;
+
+/// The parts of a recognition, opaque: what the functions below make, take and free.
 using QZInputStream = ANTLR3_INPUT_STREAM_struct;
 using QZTokenStream = ANTLR3_COMMON_TOKEN_STREAM_struct;
 using QZNode = ANTLR3_BASE_TREE_struct;
@@ -122,6 +124,7 @@ QZ_API QZToken QZTokenAt(QZTokenStream* tokens, std::size_t index);
 /// Imaginary: made by the grammar. Token: kept from the text. Missing: a token that the parser put in by itself.
 enum class QZNodeKind { Nil, Error, EndOfText, Imaginary, Token, Missing };
 
+/// What kind of node it is. Nodes live as long as their parser.
 QZ_API QZNodeKind QZKindOf(const QZNode* node);
 /// The token type; 0 for the nil root and an error node.
 QZ_API std::uint32_t QZTypeOf(const QZNode* node);
