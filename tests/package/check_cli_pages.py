@@ -4,17 +4,31 @@
     check_cli_pages.py QZSQL ROOT
 """
 
+import os
+import pty
 import re
 import shlex
 import subprocess
 import sys
+import tempfile
 from pathlib import Path
 
 QZSQL, ROOT = sys.argv[1], Path(sys.argv[2])
 MAN = ROOT / "host" / "qzsql.1"
-BASH = ROOT / "host" / "completions" / "qzsql"
-ZSH = ROOT / "host" / "completions" / "_qzsql"
-problems: list[str] = []
+COMPLETIONS = ROOT / "host" / "completions"
+
+# What zsh would insert goes into a file, block by block; the terminal shows where it takes a line.
+ZSHRC = """\
+fpath=({completions} $fpath)
+autoload -U compinit; compinit -D -u
+compadd() {{
+    local -a hits
+    if [[ " $* " != *' -'[OAD]' '* ]]; then builtin compadd -A hits "$@"; print -rl -- $hits >>{found}; fi
+    builtin compadd "$@"
+}}
+zle-line-init() {{ print -- --- >>{found}; print -n @@@ }}
+zle -N zle-line-init
+"""
 
 
 def output(*command: str) -> str:
@@ -39,46 +53,75 @@ def options(help_text: str) -> dict[str, list[str]]:
     return found
 
 
-def complete_in_bash(words: list[str]) -> set[str]:
-    line = " ".join(shlex.quote(word) for word in words)
-    script = f'. {shlex.quote(str(BASH))}; COMP_WORDS=({line}); COMP_CWORD={len(words) - 1}; _qzsql; printf "%s\\n" "${{COMPREPLY[@]}}"'
+def commands(path: list[str]) -> list[list[str]]:
+    """The command, and all below it."""
+    below = rows(output(QZSQL, *path, "--help"), "Subcommands")
+    return [path, *(command for name in below for command in commands([*path, name]))]
+
+
+def expected(path: list[str]) -> dict[str, set[str]]:
+    """What each beginning of a line is completed to."""
+    help_text = output(QZSQL, *path, "--help")
+    line = " ".join(["qzsql", *path])
+    found = options(help_text)
+    lines = {f"{line} -": set(found)}
+    lines.update({f"{line} {option} ": set(choices) for option, choices in found.items() if choices})
+    if below := rows(help_text, "Subcommands"):
+        lines[f"{line} "] = set(below)
+    return lines
+
+
+def complete_in_bash(line: str) -> set[str]:
+    words = line.split(" ")
+    script = (f". {shlex.quote(str(COMPLETIONS / 'qzsql'))}; COMP_WORDS=({' '.join(map(shlex.quote, words))}); "
+              f'COMP_CWORD={len(words) - 1}; _qzsql; printf "%s\\n" "${{COMPREPLY[@]}}"')
     return set(output("bash", "-c", script).split())
 
 
-def expect(what: str, found: object, wanted: object) -> None:
-    if found != wanted:
-        problems.append(f"{what}: {found} instead of {wanted}")
+def complete_in_zsh(lines: list[str]) -> list[set[str]]:
+    with tempfile.TemporaryDirectory() as work:
+        found = Path(work) / "found"
+        (Path(work) / ".zshrc").write_text(ZSHRC.format(completions=COMPLETIONS, found=found))
+        process, terminal = pty.fork()
+        if process == 0:
+            os.execvpe("zsh", ["zsh", "-d", "-i"], {**os.environ, "TERM": "dumb", "ZDOTDIR": work})
+        shown = b""
+        for keys in [*(f"{line}\t\x15\n" for line in lines), "exit\n"]:  # the tab completes, control-U empties the line
+            while b"@@@" not in shown:
+                shown += os.read(terminal, 4096)
+            shown = shown.partition(b"@@@")[2]
+            os.write(terminal, keys.encode())
+        try:
+            while os.read(terminal, 4096):
+                pass
+        except OSError:  # zsh has gone
+            pass
+        os.waitpid(process, 0)
+        return [set(block.split()) for block in found.read_text().split("---\n")[1:-1]]
 
 
-def check(path: list[str]) -> None:
-    help_text = output(QZSQL, *path, "--help")
-    words = ["qzsql", *path]
-    found = options(help_text)
-    expect(f"bash, options of {words}", complete_in_bash([*words, "-"]), set(found))
-    for option, choices in found.items():
-        if choices:
-            expect(f"bash, {words} {option}", complete_in_bash([*words, option, ""]), set(choices))
-            if f"({' '.join(choices)})" not in ZSH.read_text():
-                problems.append(f"zsh does not offer {choices} for {words} {option}")
-        for page, named in [(ZSH, option), (MAN, "Fl " + option[1:])]:
-            if not re.search(rf"(?<![\w-]){named}(?![\w-])", page.read_text()):
-                problems.append(f"{page.name} does not name {option} of {words}")
-    commands = rows(help_text, "Subcommands")
-    if commands:
-        expect(f"bash, commands of {words}", complete_in_bash([*words, ""]), set(commands))
-    for command in commands:
-        if f"'{command}:" not in ZSH.read_text():
-            problems.append(f"zsh does not offer {words} {command}")
-        if f".Cm {' '.join([*path, command])}\n" not in MAN.read_text() and command != "catalog":
-            problems.append(f"{MAN.name} does not name {words} {command}")
-        check([*path, command])
+def missing_in_man(path: list[str]) -> list[str]:
+    page = MAN.read_text()
+    names = [f"Fl {option[1:]}" for option in options(output(QZSQL, *path, "--help"))]
+    if path and path != ["catalog"]:
+        names.append(f".Cm {' '.join(path)}")
+    return [name for name in names if not re.search(rf"(?<![\w-]){re.escape(name)}(?![\w-])", page)]
 
 
-check([])
-subprocess.run(["zsh", "-n", str(ZSH)], check=True)
-lint = subprocess.run(["mandoc", "-Tlint", "-Wwarning", str(MAN)], capture_output=True, text=True, check=False)
-if lint.stdout:
-    problems.append(lint.stdout)
-if problems:
-    sys.exit("\n".join(problems))
-print("man page and completions name all commands and options")
+def main() -> None:
+    paths = commands([])
+    lines = {line: words for path in paths for line, words in expected(path).items()}
+    problems = []
+    for line, in_zsh in zip(lines, complete_in_zsh(list(lines)), strict=True):
+        for shell, found in [("bash", complete_in_bash(line)), ("zsh", in_zsh)]:
+            if found != lines[line]:
+                problems.append(f"{shell} completes '{line}' to {sorted(found)} instead of {sorted(lines[line])}")
+    problems += [f"the man page does not name {name}" for path in paths for name in missing_in_man(path)]
+    lint = subprocess.run(["mandoc", "-Tlint", "-Wwarning", str(MAN)], capture_output=True, text=True, check=False)
+    problems += lint.stdout.splitlines()
+    if problems:
+        sys.exit("\n".join(problems))
+    print(f"the man page and the completions of {len(lines)} lines are true")
+
+
+main()
