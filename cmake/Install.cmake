@@ -34,7 +34,8 @@ file(RELATIVE_PATH QZ_PREFIX_FROM_PKGCONFIG /${pkgconfig_folder} /)
 configure_file(cmake/qzparsersql.pc.in ${PROJECT_BINARY_DIR}/qzparsersql.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/qzparsersql.pc DESTINATION ${pkgconfig_folder} COMPONENT development)
 
-install(DIRECTORY examples docs DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libqzparsersql-dev COMPONENT development)
+install(DIRECTORY examples docs DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libqzparsersql-dev COMPONENT development
+    PATTERN *.in EXCLUDE PATTERN *.py EXCLUDE)
 install(FILES LICENSE RENAME copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libqzparsersql-dev
     COMPONENT development)
 install(FILES LICENSE RENAME copyright
