@@ -128,15 +128,18 @@ def check_installed_headers() -> None:
                 complain(path, f"includes {include}, which is not installed")
 
 
-def check_page() -> None:
-    page = ROOT / "docs" / "architecture.md"
-    for name in re.findall(r"`([\w./-]+/[\w./-]*)`", page.read_text()):
-        if not (ROOT / name).exists() and not (LIBRARY / name).exists():
-            complain(page, f"names {name}, which does not exist")
+def check_pages() -> None:
+    for page in [ROOT / "docs" / f"{name}.md" for name in ["architecture", "dialects", "extending", "guide-host"]]:
+        for name in re.findall(r"`([\w./-]+/[\w./-]*)`", page.read_text()):
+            if not (ROOT / name).exists() and not (LIBRARY / name).exists():
+                complain(page, f"names {name}, which does not exist")
+        for name in re.findall(r"\]\(([\w./-]+)\)", page.read_text()):
+            if not (page.parent / name).exists():
+                complain(page, f"links to {name}, which does not exist")
 
 
 for check in [check_dialects_apart, check_direction, check_system_questions, check_outside_world,
-              check_no_dialect_names, check_installed_headers, check_page]:
+              check_no_dialect_names, check_installed_headers, check_pages]:
     check()
 print("\n".join(problems) or "no line is crossed")
 sys.exit(1 if problems else 0)
