@@ -41,8 +41,8 @@ std::unique_ptr<StateSelectQuery> OracleStateSelectQuery::NewState(CQZSQLTree* p
     return std::make_unique<OracleStateSelectQuery>(pTree);
 }
 
-// Two bars that join conditions are an operator. As a concatenation they are walked through their first child. In a
-// chain an operand that is no condition stands behind one that is.
+// Two bars beside a condition are an operator. As a concatenation they are walked through their first child. Where no
+// condition stands beside the last bars of a chain, one beside those before them tells: (a = 1) || (b = 2) || c
 bool OracleStateSelectQuery::IsOperatorNode(CQZSQLTree& node) const {
     if (KindOf(&node) != K::OR_KEYWORD2) return StateSelectQuery::IsOperatorNode(node);
     CQZSQLTree* left = ChildOf(node, 0);
