@@ -35,14 +35,15 @@ void Write(std::string_view result) { Output().Write(result); }
 /// The options of an object, and of the table and the database that a change may reach, by name.
 std::map<std::string, std::string> OptionsAround(CatalogDatabase& database, const NamedObject& named) {
     std::map<std::string, std::string> values;
-    const auto add = [&values](CQZObjectInfo& object, const Options& options, const std::string& name) {
-        for (const auto& option : options) values[fmt::format("{} {}", name, option.name)] = ToText(option.get(object));
+    CQZObjectInfo& object = *named.object;
+    const auto add = [&values](CQZObjectInfo& around, const Options& options, const std::string& name) {
+        for (const auto& option : options) values[fmt::format("{} {}", name, option.name)] = ToText(option.get(around));
     };
     add(database, DatabaseOptions(), ".");
     if (named.table != nullptr) add(*named.table, TableOptions(), ToUtf8(named.table->GetSrcName()));
-    if (named.object != &database && named.object != named.table) {
+    if (&object != &database && &object != named.table) {
         const auto prefix = named.table != nullptr ? ToUtf8(named.table->GetSrcName()) + "." : std::string();
-        add(*named.object, *named.options, prefix + ToUtf8(named.object->GetSrcName()));
+        add(object, *named.options, prefix + ToUtf8(object.GetSrcName()));
     }
     return values;
 }

@@ -8,6 +8,8 @@ namespace qzsql {
 /// What is stored of a kind that nobody knows is passed over.
 class CatalogFactory final : public QZObjectFactory {
  public:
+    virtual ~CatalogFactory() = default;
+
     CQZTableInfo* CreateTable(int dbType) override;
     CQZQueryInfo* CreateQuery(int dbType) override;
     CQZFieldInfo* CreateField(int dbType) override;

@@ -64,7 +64,7 @@ ValueType ValueTypeOf(const CString& fieldType) {
 CString CatalogFilterItem::Literal() const {
     const auto& value = GetValue();
     if (value.IsNull()) return u"NULL";
-    const CString text(value.GetWideText());
+    CString text(value.GetWideText());
     if (value.GetType() == kNumberValue) return text;
     return value.GetType() == kDateValue ? QuoteDate(*kind_, text) : QuoteText(text);
 }

@@ -37,6 +37,7 @@ class CatalogFilterItem final : public CQZFilterItemInfo {
  public:
     explicit CatalogFilterItem(const DatabaseKind& kind) : kind_(&kind) {}
     CatalogFilterItem(const CatalogFilterItem&) = default;
+    virtual ~CatalogFilterItem() = default;
 
     /// [Amount] >= 100
     CString GetSQLText() const override;
@@ -44,8 +45,6 @@ class CatalogFilterItem final : public CQZFilterItemInfo {
     void Destroy() override { delete this; }
 
  private:
-    ~CatalogFilterItem() = default;
-
     CString Literal() const;
 
     const DatabaseKind* kind_;
@@ -55,6 +54,7 @@ class CatalogFilter final : public CQZFilterInfo {
  public:
     explicit CatalogFilter(const DatabaseKind& kind) : kind_(&kind) {}
     CatalogFilter(const CatalogFilter&) = default;
+    virtual ~CatalogFilter() = default;
 
     int GetDBType() const override { return kind_->number; }
     /// The free text, or the conditions joined.
@@ -63,8 +63,6 @@ class CatalogFilter final : public CQZFilterInfo {
     void Destroy() override { delete this; }
 
  private:
-    ~CatalogFilter() = default;
-
     const DatabaseKind* kind_;
 };
 

@@ -91,7 +91,7 @@ void CatalogField::Load(QZSettingsStore* pStore, QZObjectFactory* pFactory) {
 CString CatalogIndex::Fault() const {
     if (Owner() == nullptr) return u"it belongs to no table";
     for (const auto& column : columns) {
-        const CString fault = MissingField(*Owner(), column.field);
+        CString fault = MissingField(*Owner(), column.field);
         if (!fault.IsEmpty()) return fault;
     }
     return {};

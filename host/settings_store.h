@@ -31,7 +31,7 @@ class SettingsStore final : public QZSettingsStore {
 
     /// Throws StoreError for what is no store of this version. A store opened for reading makes no sections.
     SettingsStore(std::string path, Use use);
-    ~SettingsStore() = default;
+    virtual ~SettingsStore() = default;
     SettingsStore(const SettingsStore&) = delete;
     SettingsStore& operator=(const SettingsStore&) = delete;
 
