@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "QZParserSQL/dialect/QZRecognizers.h"
 #include "QZParserSQL/front/BuildQueryInfo.h"
 #include "QZParserSQL/platform/Console.h"
 #include "fuzz/FuzzText.h"
@@ -28,10 +29,10 @@ std::vector<CQZQueryInfo*> WithoutRings(const concrete::Database& database) {
     qzsql::Readings readings;
     for (const CQZQueryInfo* query : queries) {
         readings.emplace_back();
-        const std::u16string text = CString(query->GetSQL()).MakeLower().View().data();
+        const CString text = CString(query->GetSQL()).MakeLower();
         for (std::size_t other = 0; other < queries.size(); ++other) {
             const CString name = CString(queries[other]->GetSrcName()).MakeLower();
-            if (text.find(name.View()) != std::u16string::npos) readings.back().push_back(other);
+            if (text.View().find(name.View()) != std::u16string_view::npos) readings.back().push_back(other);
         }
     }
     const qzsql::Rings rings = qzsql::FindRings(readings);
