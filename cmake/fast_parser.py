@@ -85,7 +85,8 @@ class Parser:
         declared = re.search(r"pANTLR3_BASE_TREE root_0;\n(.*?)\n +" + name + r"_StartIndex = INDEX\(\);", rule, re.S)
         entered = re.search(r"\n +root_0 = NULL;\n(.*?)\n +if \( \(BACKTRACKING>0\) && \(HAVEPARSEDRULE", rule, re.S)
         expect(declared is not None and entered is not None, f"{name} begins in another way")
-        tools = re.compile(r"\s*(?:pANTLR3_\w+ +\w+;|\w+_return \w+;|#undef.*|#define.*)$")
+        tools = re.compile(r"\s*(?:pANTLR3_COMMON_TOKEN {4}\w+;|pANTLR3_BASE_TREE \w+_tree;|pANTLR3_REWRITE\w+ \w+;|"
+                           r"\w+_return \w+;|#undef.*|#define.*)$")
         own = [line for line in declared.group(1).splitlines() if line.strip() and not tools.match(line)]
         return "\n".join(own), entered.group(1).strip()
 
@@ -119,7 +120,7 @@ class Parser:
         body = self.guessing(name, self.body_of(name, rule))
         kind = "REPEATED" if name == "next_expression" else "REMEMBERED"
         return (f"static ANTLR3_UINT32 {name}_guess({self.context} ctx, ANTLR3_UINT32 place)\n{{\n{declared}\n    {entered}\n"
-                f"    QZ_{kind}({self.number_of[name]})\n    QZ_GUESS_NESTING()\n{body}\n    QZ_REMEMBER()\n    return place;\n}}\n")
+                f"    QZ_{kind}({self.number_of[name]})\n    QZ_GUESS_NESTING()\n{body}\n    QZ_REMEMBER({self.number_of[name]})\n    return place;\n}}\n")
 
     def guess_fragment(self, name: str, fragment: str) -> str:
         body = fragment[:fragment.rindex(f"goto rule{name}Ex;")]

@@ -4,72 +4,87 @@
 #include <cstdlib>
 #include <utility>
 
-namespace qz {
+#include "QZParserSQL/platform/LargePages.h"
 
-struct alignas(std::max_align_t) Chunk {
-    Chunk* next;
-    std::size_t size;  // with this head
-};
+namespace qz {
 
 namespace {
 
-constexpr std::size_t kCommonSize = std::size_t{64} * 1024;
-constexpr std::size_t kLargestSize = std::size_t{1024} * 1024;
-constexpr std::size_t kMostKept = 16;
-
-// Once the thread's objects are gone nothing is kept any more.
-class Kept {
- public:
-    Kept() = default;
-    Kept(const Kept&) = delete;
-    Kept& operator=(const Kept&) = delete;
-    ~Kept() {
-        Release();
-        count_ = kMostKept;
-    }
-
-    Chunk* Take() {
-        if (first_ == nullptr) return nullptr;
-        --count_;
-        return std::exchange(first_, first_->next);
-    }
-
-    void Put(Chunk* chunk) {
-        if (chunk->size != kCommonSize || count_ == kMostKept) return std::free(chunk);
-        ++count_;
-        chunk->next = std::exchange(first_, chunk);
-    }
-
-    void Release() {
-        while (first_ != nullptr) std::free(std::exchange(first_, first_->next));
-        count_ = 0;
-    }
-
- private:
-    Chunk* first_ = nullptr;
-    std::size_t count_ = 0;
-};
-
-thread_local Kept kept;
+thread_local Kept* keptOfThread = nullptr;
 
 Chunk* NewChunk(std::size_t size) {
-    if (size == kCommonSize) {
-        if (Chunk* chunk = kept.Take()) return chunk;
-    }
-    auto* chunk = static_cast<Chunk*>(std::malloc(size));
-    if (chunk != nullptr) chunk->size = size;
+    const std::size_t page = LargePageSize();
+    if (size >= page) size = (size + page - 1) / page * page;
+    auto* chunk = static_cast<Chunk*>(size >= page ? NewLargePages(size) : std::malloc(size));
+    if (chunk != nullptr) *chunk = {nullptr, size, 0};
     return chunk;
+}
+
+Kept& KeptMemory() {
+    thread_local Kept kept;
+    return kept;
 }
 
 }  // namespace
 
+Kept::Kept() : others_(std::exchange(keptOfThread, this)) {}
+
+// The thread ends: from here on nothing is kept any more.
+Kept::~Kept() {
+    Release();
+    bytes_ = kMostBytes;
+    for (Kept** kept = &keptOfThread; *kept != nullptr; kept = &(*kept)->others_) {
+        if (*kept != this) continue;
+        *kept = others_;
+        break;
+    }
+}
+
+Chunk* Kept::AddTo(Chunk* chunks, std::size_t size) {
+    size += sizeof(Chunk);
+    Chunk* chunk = Take(size);
+    if (chunk == nullptr) {
+        const bool isLarge = chunks != nullptr && chunks->next != nullptr;
+        const std::size_t usual = isLarge ? std::min(2 * chunks->size, Chunk::kLargestSize) : Chunk::kCommonSize;
+        chunk = NewChunk(std::max(usual, size));
+    }
+    if (chunk != nullptr) chunk->next = chunks;
+    return chunk;
+}
+
+Chunk* Kept::Take(std::size_t size) {
+    for (Chunk** kept = &first_; *kept != nullptr; kept = &(*kept)->next) {
+        if ((*kept)->size < size) continue;
+        bytes_ -= (*kept)->size;
+        return std::exchange(*kept, (*kept)->next);
+    }
+    return nullptr;
+}
+
+void Kept::GiveBack(Chunk* chunks) {
+    while (chunks != nullptr) {
+        Chunk* chunk = std::exchange(chunks, chunks->next);
+        if (bytes_ + chunk->size > kMostBytes) {
+            std::free(chunk);
+            continue;
+        }
+        bytes_ += chunk->size;
+        chunk->next = std::exchange(first_, chunk);
+    }
+}
+
+void Kept::Release() {
+    while (first_ != nullptr) std::free(std::exchange(first_, first_->next));
+    bytes_ = 0;
+}
+
+void Kept::ReleaseAllOfThread() {
+    for (Kept* kept = keptOfThread; kept != nullptr; kept = kept->others_) kept->Release();
+}
+
 void* Memory::TakeFromNewChunk(std::size_t size) {
-    const std::size_t grown = chunks_ == nullptr ? kCommonSize : std::min(2 * chunks_->size, kLargestSize);
-    const bool growing = chunks_ != nullptr && chunks_->next != nullptr;
-    const std::size_t usual = growing ? grown : kCommonSize;
-    Chunk* chunk = NewChunk(std::max(usual, size + sizeof(Chunk)));
+    Chunk* chunk = KeptMemory().AddTo(chunks_, size);
     if (chunk == nullptr) return nullptr;
-    chunk->next = chunks_;
     chunks_ = chunk;
     char* begin = reinterpret_cast<char*>(chunk + 1);
     next_ = begin + size;
@@ -78,10 +93,8 @@ void* Memory::TakeFromNewChunk(std::size_t size) {
 }
 
 void Memory::GiveBack() {
-    while (chunks_ != nullptr) kept.Put(std::exchange(chunks_, chunks_->next));
+    KeptMemory().GiveBack(std::exchange(chunks_, nullptr));
     next_ = end_ = nullptr;
 }
-
-void Memory::Release() { kept.Release(); }
 
 }  // namespace qz

@@ -1,12 +1,44 @@
-// Memory that a recognizer takes piece by piece and gives back as a whole. It comes in chunks; those of common size are
-// kept for the thread's next recognizers, up to a bound.
+// Memory that a recognizer takes piece by piece and gives back as a whole. It comes in chunks, some of which are kept
+// for the thread's next recognizers.
 #pragma once
 
 #include <cstddef>
 
 namespace qz {
 
-struct Chunk;
+struct alignas(std::max_align_t) Chunk {
+    static constexpr std::size_t kCommonSize = std::size_t{64} * 1024;
+    static constexpr std::size_t kLargestSize = std::size_t{2} * 1024 * 1024;
+
+    Chunk* next;
+    std::size_t size;  // with this head
+    std::size_t made;  // of a pool: how many of its objects have been made
+};
+
+/// The chunks that a thread keeps, of one kind of use.
+class Kept {
+ public:
+    static constexpr std::size_t kMostBytes = std::size_t{4} * 1024 * 1024;
+
+    Kept();
+    Kept(const Kept&) = delete;
+    Kept& operator=(const Kept&) = delete;
+    ~Kept();
+
+    /// A chunk for `size` bytes at least, to stand before `chunks`: the more there are, the larger. Null where memory
+    /// fails.
+    Chunk* AddTo(Chunk* chunks, std::size_t size);
+    void GiveBack(Chunk* chunks);
+    void Release();
+    static void ReleaseAllOfThread();
+
+ private:
+    Chunk* Take(std::size_t size);
+
+    Chunk* first_ = nullptr;
+    std::size_t bytes_ = 0;
+    Kept* others_;  // of this thread
+};
 
 class Memory {
  public:
@@ -25,9 +57,6 @@ class Memory {
     }
 
     void GiveBack();
-
-    /// Gives back what the calling thread keeps.
-    static void Release();
 
  private:
     static constexpr std::size_t kAlignment = alignof(std::max_align_t);

@@ -1,7 +1,9 @@
 // What fast lexers do beside matching: they make tokens out of memory of their own and drive the rules.
+#include <cstddef>
+#include <cstring>
 #include <new>
 
-#include "QZParserSQL/dialect/Memory.h"
+#include "QZParserSQL/dialect/Pool.h"
 #include "QZParserSQL/dialect/fast_lexer.h"
 #include "QZParserSQL/dialect/recognizer.h"
 
@@ -11,12 +13,22 @@ using Token = pANTLR3_COMMON_TOKEN;
 
 struct TokenFactory {
     ANTLR3_TOKEN_FACTORY factory{};
-    qz::Memory memory;
+    qz::Pool<ANTLR3_COMMON_TOKEN> tokens;
 };
 
+TokenFactory& FactoryOf(pANTLR3_TOKEN_FACTORY factory) { return *reinterpret_cast<TokenFactory*>(factory); }
+
+ANTLR3_COMMON_TOKEN MakeTokenModel() {
+    ANTLR3_COMMON_TOKEN model{};
+    antlr3SetTokenAPI(&model);
+    return model;
+}
+
+// The functions behind the data are always the same.
 Token NewToken(pANTLR3_TOKEN_FACTORY factory) {
-    auto* token = static_cast<Token>(reinterpret_cast<TokenFactory*>(factory)->memory.Take(sizeof factory->unTruc));
-    *token = factory->unTruc;
+    static const ANTLR3_COMMON_TOKEN model = MakeTokenModel();
+    auto* token = FactoryOf(factory).tokens.Take(model);
+    std::memcpy(static_cast<void*>(token), &factory->unTruc, offsetof(ANTLR3_COMMON_TOKEN, getText));
     return token;
 }
 
@@ -31,8 +43,8 @@ pANTLR3_TOKEN_FACTORY NewTokenFactory(pANTLR3_INPUT_STREAM input) {
     auto& factory = tokens->factory;
     factory.newToken = NewToken;
     factory.setInputStream = SetInput;
-    factory.reset = [](pANTLR3_TOKEN_FACTORY self) { reinterpret_cast<TokenFactory*>(self)->memory.GiveBack(); };
-    factory.close = [](pANTLR3_TOKEN_FACTORY self) { delete reinterpret_cast<TokenFactory*>(self); };
+    factory.reset = [](pANTLR3_TOKEN_FACTORY self) { FactoryOf(self).tokens.GiveBack(); };
+    factory.close = [](pANTLR3_TOKEN_FACTORY self) { delete &FactoryOf(self); };
     antlr3SetTokenAPI(&factory.unTruc);
     factory.unTruc.factoryMade = ANTLR3_TRUE;
     SetInput(&factory, input);

@@ -13,7 +13,6 @@ namespace {
 using qz::FastParser;
 
 constexpr ANTLR3_UINT32 kEndTokens = 3;
-constexpr std::size_t kLargeResults = std::size_t{256} * 1024;
 
 pANTLR3_COMMON_TOKEN_STREAM StreamOf(const QZFastParser& parser) {
     return static_cast<pANTLR3_COMMON_TOKEN_STREAM>(parser.parser.tstream->super);
@@ -28,10 +27,10 @@ void AddEnd(QZFastParser& parser, ANTLR3_UINT32* types, ANTLR3_UINT32 place) {
     }
 }
 
-ANTLR3_UINT32* NewResults(FastParser& parser, ANTLR3_UINT32 places) {
-    const std::size_t size = std::size_t{places} * parser.rules * sizeof(ANTLR3_UINT32);
-    if (size > kLargeResults) return parser.largeResults = static_cast<ANTLR3_UINT32*>(std::calloc(1, size));
-    return static_cast<ANTLR3_UINT32*>(std::memset(parser.memory.Take(size), 0, size));
+template <class Element>
+Element* NewCleared(FastParser& parser, std::size_t count) {
+    void* memory = parser.memory.Take(count * sizeof(Element));
+    return static_cast<Element*>(std::memset(memory, 0, count * sizeof(Element)));
 }
 
 void ReadTokens(FastParser& parser) {
@@ -50,7 +49,9 @@ void ReadTokens(FastParser& parser) {
     }
     AddEnd(parser, types, count);
     parser.types = types;
-    parser.results = NewResults(parser, count + 1);
+    parser.places = count + 1;
+    parser.results = NewCleared<ANTLR3_UINT8>(parser, std::size_t{parser.places} * parser.rules);
+    parser.ends = NewCleared<ANTLR3_UINT32*>(parser, parser.rules);
 }
 
 void MoveStream(QZFastParser& parser, ANTLR3_UINT32 place) {
@@ -92,7 +93,8 @@ void InformRuntime(QZFastParser& parser) {
 void FreeParser(pANTLR3_PARSER runtimeParser) {
     auto& parser = FastParser::Of(runtimeParser);
     const auto freeParser = parser.freeParser;
-    std::free(parser.largeResults);
+    parser.nodes.GiveBack();
+    parser.children.GiveBack();
     parser.memory.GiveBack();
     freeParser(runtimeParser);
 }
@@ -153,12 +155,22 @@ void qzTreeTooDeep(QZFastParser* parser) {
 // Where the repeated rule fits, it is tried again right behind: every part of such a run is given the end of all of it,
 // so that a list which is read from each of its items costs no more than one that is read once.
 void qzExtendToEndOfRun(QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule) {
-    const auto resultAt = [&](std::size_t at) -> ANTLR3_UINT32& {
-        return parser->results[at * parser->rules + rule];
+    const auto endAt = [&](ANTLR3_UINT32 at) {
+        const ANTLR3_UINT8 result = *qzResultOf(parser, at, rule);
+        return result < 2 ? at : qzRemembered(parser, at, rule, result);
     };
-    ANTLR3_UINT32 end = resultAt(place);
-    for (ANTLR3_UINT32 next = resultAt(end - 2); next >= 2; next = resultAt(end - 2)) end = next;
-    for (std::size_t at = place; resultAt(at) != end;) at = std::exchange(resultAt(at), end) - 2;
+    ANTLR3_UINT32 end = endAt(place);
+    while (endAt(end) != end) end = endAt(end);
+    for (ANTLR3_UINT32 at = place, next = endAt(at); next != end; at = next, next = endAt(at)) {
+        qzRemember(parser, at, rule, end);
+    }
+}
+
+void qzRememberFar(QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule, ANTLR3_UINT32 end) {
+    auto& ends = parser->ends[rule];
+    if (ends == nullptr) ends = NewCleared<ANTLR3_UINT32>(FastParser::Of(parser), parser->places);
+    ends[place] = end;
+    *qzResultOf(parser, place, rule) = QZ_FAR;
 }
 
 pANTLR3_COMMON_TOKEN qzMismatch(QZFastParser* parser, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {

@@ -23,19 +23,24 @@ struct QZFollow {
 };
 
 /* A parser of the runtime and beside it what its rules look at. Of `types` and `tokens` three at the end stand for the
- * end of the text. A result of a guess is 0 for none yet, 1 for failure, or the place behind the rule + 2.
+ * end of the text. `results` holds a byte for each rule at each place: 0 for none yet, 1 for failure, the number of tokens
+ * read + 2, or QZ_FAR where these are more; then `ends` holds the places behind the rule.
  */
 struct QZFastParser {
     ANTLR3_PARSER parser;
     pANTLR3_RECOGNIZER_SHARED_STATE state;
     const ANTLR3_UINT32* types;
     pANTLR3_COMMON_TOKEN* tokens;
-    ANTLR3_UINT32* results;
+    ANTLR3_UINT8* results;
+    ANTLR3_UINT32** ends;
     const char* stackLimit;
     struct QZFollow* follow;
     ANTLR3_UINT32 place;
+    ANTLR3_UINT32 places;
     ANTLR3_UINT32 rules;
 };
+
+#define QZ_FAR 255
 
 pANTLR3_PARSER qzFastParserNew(ANTLR3_UINT32 sizeHint, pANTLR3_TOKEN_STREAM tokens,
                                pANTLR3_RECOGNIZER_SHARED_STATE state, ANTLR3_UINT32 rules,
@@ -53,6 +58,7 @@ pANTLR3_PARSER qzParserAt(struct QZFastParser* parser, ANTLR3_UINT32 place);
 
 ANTLR3_UINT32 qzGuessTooDeep(struct QZFastParser* parser, ANTLR3_UINT32 place);
 void qzTreeTooDeep(struct QZFastParser* parser);
+void qzRememberFar(struct QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule, ANTLR3_UINT32 end);
 void qzExtendToEndOfRun(struct QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule);
 
 pANTLR3_COMMON_TOKEN qzMismatch(struct QZFastParser* parser, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow);
@@ -92,6 +98,25 @@ static inline pANTLR3_BASE_TREE qzResult(pANTLR3_BASE_TREE tree) { return qzIsOn
 
 static inline int qzStackIsLow(const struct QZFastParser* parser) {
     return __builtin_expect((const char*)__builtin_frame_address(0) < parser->stackLimit, 0) != 0;
+}
+
+static inline ANTLR3_UINT8* qzResultOf(const struct QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule) {
+    return parser->results + (size_t)place * parser->rules + rule;
+}
+
+/* The place behind the rule or QZ_FAILED, as remembered. */
+static inline ANTLR3_UINT32 qzRemembered(const struct QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule,
+                                         ANTLR3_UINT8 result) {
+    if (result == 1) return QZ_FAILED;
+    return result == QZ_FAR ? parser->ends[rule][place] : place + result - 2;
+}
+
+static inline void qzRemember(struct QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule, ANTLR3_UINT32 end) {
+    if (end - place < QZ_FAR - 2) {
+        *qzResultOf(parser, place, rule) = (ANTLR3_UINT8)(end - place + 2);
+    } else {
+        qzRememberFar(parser, place, rule, end);
+    }
 }
 
 static inline ANTLR3_UINT32 qzBehind(const struct QZFastParser* parser, ANTLR3_UINT32 place) {

@@ -24,15 +24,17 @@
 /* A rule that is entered counts as failed until it succeeds. No rule calls itself where it has read nothing, so the mark
  * is never seen before its time.
  */
-#define QZ_RESULT(rule) \
-    ANTLR3_UINT32* const result = QZP->results + (size_t)place * QZ_RULES + (rule);
-#define QZ_REMEMBERED(rule)                \
-    QZ_RESULT(rule)                        \
-    if (*result != 0) return *result - 2;  \
+#define QZ_REMEMBERED(rule)                                                                 \
+    const ANTLR3_UINT32 entered = place;                                                    \
+    ANTLR3_UINT8* const result = QZP->results + (size_t)place * QZ_RULES + (rule);          \
+    if (*result != 0) return qzRemembered(QZP, place, (rule), *result);                     \
     *result = 1;
-#define QZ_REPEATED(rule)                                          \
-    QZ_RESULT(rule)                                                \
-    if (*result > 1) qzExtendToEndOfRun(QZP, place, (rule));       \
-    if (*result != 0) return *result - 2;                          \
-    *result = 1;
-#define QZ_REMEMBER() *result = place + 2;
+#define QZ_REPEATED(rule)                                       \
+    if (*qzResultOf(QZP, place, (rule)) > 1) qzExtendToEndOfRun(QZP, place, (rule)); \
+    QZ_REMEMBERED(rule)
+#define QZ_REMEMBER(rule)                                                   \
+    if (place - entered < QZ_FAR - 2) {                                     \
+        *result = (ANTLR3_UINT8)(place - entered + 2);                      \
+    } else {                                                                \
+        qzRememberFar(QZP, entered, (rule), place);                         \
+    }

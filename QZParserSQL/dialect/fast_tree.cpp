@@ -8,6 +8,7 @@
 
 namespace {
 
+using qz::Children;
 using qz::FastParser;
 using Tree = pANTLR3_BASE_TREE;
 using Node = pANTLR3_COMMON_TREE;
@@ -16,12 +17,6 @@ using Node = pANTLR3_COMMON_TREE;
 constexpr ANTLR3_UINT32 kFew = 4;
 
 // ------------------------------------------------------------------------------------------------- nodes and children
-
-// The children of a node, which grow out of the memory of the parser.
-struct Children {
-    FastParser* parser;
-    ANTLR3_VECTOR vector;
-};
 
 Children& ChildrenOf(pANTLR3_VECTOR vector) {
     return *reinterpret_cast<Children*>(reinterpret_cast<char*>(vector) - offsetof(Children, vector));
@@ -44,27 +39,23 @@ ANTLR3_UINT32 AddElement(pANTLR3_VECTOR vector, void* element, void (*freeElemen
     return vector->count;
 }
 
-ANTLR3_VECTOR MakeVectorModel() {
+Children MakeChildrenModel() {
     const auto made = antlr3VectorNew(0);
-    ANTLR3_VECTOR model = *made;
+    Children model{nullptr, *made};
     made->free(made);
-    model.count = 0;
-    model.factoryMade = ANTLR3_TRUE;
-    model.elementsSize = ANTLR3_VECTOR_INTERNAL_SIZE;
-    model.add = AddElement;
+    model.vector.factoryMade = ANTLR3_TRUE;
+    model.vector.add = AddElement;
     return model;
 }
 
 pANTLR3_VECTOR NewVector(FastParser& parser) {
-    static const ANTLR3_VECTOR model = MakeVectorModel();
-    auto& children = *static_cast<Children*>(parser.memory.Take(sizeof(Children)));
+    static const Children model = MakeChildrenModel();
+    auto& children = *parser.children.Take(model);
     children.parser = &parser;
-    auto& vector = children.vector;
-    constexpr std::size_t kBehind = offsetof(ANTLR3_VECTOR, factoryMade);
-    std::memcpy(&vector.factoryMade, &model.factoryMade, sizeof model - kBehind);
-    vector.elements = vector.internal;
-    vector.count = 0;
-    return &vector;
+    children.vector.elements = children.vector.internal;
+    children.vector.elementsSize = ANTLR3_VECTOR_INTERNAL_SIZE;
+    children.vector.count = 0;
+    return &children.vector;
 }
 
 ANTLR3_COMMON_TREE MakeNodeModel() {
@@ -76,11 +67,19 @@ ANTLR3_COMMON_TREE MakeNodeModel() {
 
 Node NewNode(FastParser& parser, pANTLR3_COMMON_TOKEN token) {
     static const ANTLR3_COMMON_TREE model = MakeNodeModel();
-    auto* node = static_cast<Node>(parser.memory.Take(sizeof model));
-    *node = model;
-    node->baseTree.super = node;
-    node->factory = &parser.arboretum;
+    auto* node = parser.nodes.Take(model);
+    node->super = nullptr;
+    node->startIndex = node->stopIndex = 0;
     node->token = token;
+    node->parent = nullptr;
+    node->childIndex = -1;
+    node->factory = &parser.arboretum;
+    auto& tree = node->baseTree;
+    tree.super = node;
+    tree.u = nullptr;
+    tree.children = nullptr;
+    tree.savedIndex = 0;
+    tree.strFactory = nullptr;
     return node;
 }
 
