@@ -70,7 +70,11 @@ class Parser:
         self.predicates = PREDICATE.findall(text)
         expect(len(self.rules) > 10 and len(self.fragments) == len(self.predicates), "no rules")
         expect(len(self.rules) == len(re.findall(r"\$ANTLR start (?!synpred)\w+\n", text)), "a rule was not recognized")
-        self.number_of = {name: number for number, (name, _, _) in enumerate(self.rules)}
+        self.names = [name for name, _, _ in self.rules]
+        self.own = {name: self.own_declarations(name, rule) for name, _, rule in self.rules}
+        self.guesses = {name: self.guessing(name, self.body_of(name, rule)) for name, _, rule in self.rules}
+        remembered = [name for name in self.names if not self.wrapped(name)]
+        self.number_of = {name: number for number, name in enumerate(remembered)}
 
     # ---------------------------------------------------------------------------------------------- parts of a rule
 
@@ -111,16 +115,24 @@ class Parser:
         return re.sub(r"\n\s*\n+", "\n", text)
 
     def guess_call(self, called: str) -> str:
-        expect(called in self.number_of, f"{called} is called but is no rule")
+        expect(called in self.names, f"{called} is called but is no rule")
         return f"QZ_GUESS_RULE({called})"
 
-    def guess_rule(self, name: str, rule: str) -> str:
-        declared, entered = self.own_declarations(name, rule)
+    def guess_rule(self, name: str) -> str:
+        declared, entered = self.own[name]
+        head = f"static ANTLR3_UINT32 {name}_guess({self.context} ctx, ANTLR3_UINT32 place)\n{{\n"
+        if name not in self.number_of:
+            return f"{head}    return {self.wrapped(name)}_guess(ctx, place);\n}}\n"
         entered = entered.replace("ctx->pParser", "QZ_PARSER_AT(place)")
-        body = self.guessing(name, self.body_of(name, rule))
+        number = self.number_of[name]
         kind = "REPEATED" if name == "next_expression" else "REMEMBERED"
-        return (f"static ANTLR3_UINT32 {name}_guess({self.context} ctx, ANTLR3_UINT32 place)\n{{\n{declared}\n    {entered}\n"
-                f"    QZ_{kind}({self.number_of[name]})\n    QZ_GUESS_NESTING()\n{body}\n    QZ_REMEMBER({self.number_of[name]})\n    return place;\n}}\n")
+        return (f"{head}{declared}\n    {entered}\n    QZ_{kind}({number})\n    QZ_GUESS_NESTING()\n{self.guesses[name]}\n"
+                f"    QZ_REMEMBER({number})\n    return place;\n}}\n")
+
+    def wrapped(self, name: str) -> str | None:
+        """The one rule that this rule calls and no more: what is remembered of that is enough."""
+        call = re.fullmatch(r"[{\s]*QZ_GUESS_RULE\((\w+)\)[}\s]*", self.guesses[name])
+        return call and not any(self.own[name]) and call.group(1)
 
     def guess_fragment(self, name: str, fragment: str) -> str:
         body = fragment[:fragment.rindex(f"goto rule{name}Ex;")]
@@ -133,7 +145,7 @@ class Parser:
         text = re.sub(FAILURE, "", text)
         text = GUESS_FAILS.sub("", text)
         text = text.replace(BUILD, "")
-        text = CALL.sub(lambda m: f"{m.group(1)}.tree = {m.group(2)}_tree(ctx);" if m.group(2) in self.number_of else m.group(0), text)
+        text = CALL.sub(lambda m: f"{m.group(1)}.tree = {m.group(2)}_tree(ctx);" if m.group(2) in self.names else m.group(0), text)
         text = re.sub(r"\b(synpred\d+_\w+)\(ctx\)", r"QZ_GUESSED(\1)", text)
         text = text.replace("ctx->pParser", "QZ_PARSER_AT(QZ_PLACE)")
         text = re.sub(r"pANTLR3_REWRITE_RULE_(?:SUBTREE|TOKEN)_STREAM (stream_\w+);", r"QZStream \1;", text)
@@ -153,7 +165,7 @@ class Parser:
         return text
 
     def tree_rule(self, name: str, rule: str) -> str:
-        declared, entered = self.own_declarations(name, rule)
+        declared, entered = self.own[name]
         locals_ = re.search(r"pANTLR3_BASE_TREE root_0;\n(.*?)\n +" + name + r"_StartIndex = INDEX\(\);", rule, re.S).group(1)
         locals_ = re.sub(r"\s*#(undef|define).*", "", locals_)
         streams = "\n".join(re.findall(r"    stream_\w+   = NULL;", rule))
@@ -175,7 +187,7 @@ class Parser:
     def made(self) -> str:
         text = self.text
         types = re.search(r"ParserTokenNames\[(\d+)\+4\]", text)
-        defines = (f"#define QZ_RULES {len(self.rules)}\n"
+        defines = (f"#define QZ_RULES {len(self.number_of)}\n"
                    f"#define QZ_TOKEN_TYPES {int(types.group(1)) + 4}\n")
         mark = re.search(r"#define\s+INVALID ANTLR3_TOKEN_INVALID\n", text)
         expect(mark is not None, "the tool's macros end in another way")
@@ -189,9 +201,9 @@ class Parser:
         head = head[:place] + early + "\n" + head[place:]
         inner = [f"static ANTLR3_UINT32 {name}_guess({self.context} ctx, ANTLR3_UINT32 place);"
                  for name in [*(rule[0] for rule in self.rules), *(f[0] for f in self.fragments)]]
-        inner += [f"static pANTLR3_BASE_TREE {name}_tree({self.context} ctx);" for name in self.number_of]
+        inner += [f"static pANTLR3_BASE_TREE {name}_tree({self.context} ctx);" for name in self.names]
         parts = [head, "\n".join(inner), "\n#include \"QZParserSQL/dialect/fast_parser_guess.h\"\n"]
-        parts += [self.guess_rule(name, rule) for name, _, rule in self.rules]
+        parts += [self.guess_rule(name) for name in self.names]
         parts += [self.guess_fragment(name, fragment) for name, fragment in self.fragments]
         parts += ["\n#include \"QZParserSQL/dialect/fast_parser_tree.h\"\n"]
         parts += [self.tree_rule(name, rule) for name, _, rule in self.rules]

@@ -32,7 +32,7 @@ Kept::Kept() : others_(std::exchange(keptOfThread, this)) {}
 // The thread ends: from here on nothing is kept any more.
 Kept::~Kept() {
     Release();
-    bytes_ = kMostBytes;
+    isOver_ = true;
     for (Kept** kept = &keptOfThread; *kept != nullptr; kept = &(*kept)->others_) {
         if (*kept != this) continue;
         *kept = others_;
@@ -45,7 +45,7 @@ Chunk* Kept::AddTo(Chunk* chunks, std::size_t size) {
     Chunk* chunk = Take(size);
     if (chunk == nullptr) {
         const bool isLarge = chunks != nullptr && chunks->next != nullptr;
-        const std::size_t usual = isLarge ? std::min(2 * chunks->size, Chunk::kLargestSize) : Chunk::kCommonSize;
+        const std::size_t usual = isLarge ? std::min(4 * chunks->size, Chunk::kLargestSize) : Chunk::kCommonSize;
         chunk = NewChunk(std::max(usual, size));
     }
     if (chunk != nullptr) chunk->next = chunks;
@@ -62,20 +62,22 @@ Chunk* Kept::Take(std::size_t size) {
 }
 
 void Kept::GiveBack(Chunk* chunks) {
+    std::size_t used = 0;
     while (chunks != nullptr) {
         Chunk* chunk = std::exchange(chunks, chunks->next);
-        if (bytes_ + chunk->size > kMostBytes) {
-            std::free(chunk);
-            continue;
-        }
+        used += chunk->size;
         bytes_ += chunk->size;
         chunk->next = std::exchange(first_, chunk);
     }
+    limit_ = std::min(std::max({used, limit_ - limit_ / 8, kLeastBytes}), kMostBytes);
+    KeepAtMost(isOver_ ? 0 : limit_);
 }
 
-void Kept::Release() {
-    while (first_ != nullptr) std::free(std::exchange(first_, first_->next));
-    bytes_ = 0;
+void Kept::KeepAtMost(std::size_t bytes) {
+    while (bytes_ > bytes) {
+        bytes_ -= first_->size;
+        std::free(std::exchange(first_, first_->next));
+    }
 }
 
 void Kept::ReleaseAllOfThread() {

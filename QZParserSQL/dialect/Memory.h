@@ -15,10 +15,12 @@ struct alignas(std::max_align_t) Chunk {
     std::size_t made;  // of a pool: how many of its objects have been made
 };
 
-/// The chunks that a thread keeps, of one kind of use.
+/// The chunks that a thread keeps, of one kind of use: as much as its last recognizers needed, which is forgotten by and
+/// by, and a little at least.
 class Kept {
  public:
-    static constexpr std::size_t kMostBytes = std::size_t{4} * 1024 * 1024;
+    static constexpr std::size_t kLeastBytes = std::size_t{1} * 1024 * 1024;
+    static constexpr std::size_t kMostBytes = std::size_t{64} * 1024 * 1024;
 
     Kept();
     Kept(const Kept&) = delete;
@@ -28,16 +30,20 @@ class Kept {
     /// A chunk for `size` bytes at least, to stand before `chunks`: the more there are, the larger. Null where memory
     /// fails.
     Chunk* AddTo(Chunk* chunks, std::size_t size);
+    /// All that one recognizer has taken.
     void GiveBack(Chunk* chunks);
-    void Release();
+    void Release() { KeepAtMost(0); }
     static void ReleaseAllOfThread();
 
  private:
     Chunk* Take(std::size_t size);
+    void KeepAtMost(std::size_t bytes);
 
     Chunk* first_ = nullptr;
     std::size_t bytes_ = 0;
+    std::size_t limit_ = kLeastBytes;
     Kept* others_;  // of this thread
+    bool isOver_ = false;
 };
 
 class Memory {

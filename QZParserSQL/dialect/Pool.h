@@ -20,6 +20,9 @@ class Pool {
     Object* Take(const Object& model) {
         if (used_ == room_ && !AddChunk()) return nullptr;
         Object* object = objects_ + used_++;
+        __builtin_prefetch(reinterpret_cast<char*>(object + kAhead), 1);
+        __builtin_prefetch(reinterpret_cast<char*>(object + kAhead) + 64, 1);
+        __builtin_prefetch(reinterpret_cast<char*>(object + kAhead) + 128, 1);
         if (used_ > chunks_->made) {
             *object = model;
             chunks_->made = used_;
@@ -34,6 +37,8 @@ class Pool {
     }
 
  private:
+    static constexpr std::ptrdiff_t kAhead = 8;
+
     static Kept& KeptChunks() {
         thread_local Kept kept;
         return kept;

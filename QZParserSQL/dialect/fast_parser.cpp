@@ -1,4 +1,5 @@
 // What fast parsers do beside reading on: they begin with the tokens of a stream, and meet the runtime in errors.
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -50,7 +51,7 @@ void ReadTokens(FastParser& parser) {
     AddEnd(parser, types, count);
     parser.types = types;
     parser.places = count + 1;
-    parser.results = NewCleared<ANTLR3_UINT8>(parser, std::size_t{parser.places} * parser.rules);
+    parser.results = static_cast<ANTLR3_UINT8*>(parser.memory.Take(std::size_t{parser.places} * parser.rules));
     parser.ends = NewCleared<ANTLR3_UINT32*>(parser, parser.rules);
 }
 
@@ -152,11 +153,19 @@ void qzTreeTooDeep(QZFastParser* parser) {
     qzFailTooDeep(parser->parser.rec);
 }
 
+// Few at a time, shortly before they are read.
+void qzClearResults(QZFastParser* parser, ANTLR3_UINT32 place) {
+    constexpr ANTLR3_UINT32 kAhead = 16;
+    const ANTLR3_UINT32 end = std::min(place + kAhead, parser->places);
+    std::memset(qzResultOf(parser, parser->cleared, 0), 0, std::size_t{end - parser->cleared} * parser->rules);
+    parser->cleared = end;
+}
+
 // Where the repeated rule fits, it is tried again right behind: every part of such a run is given the end of all of it,
 // so that a list which is read from each of its items costs no more than one that is read once.
 void qzExtendToEndOfRun(QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule) {
     const auto endAt = [&](ANTLR3_UINT32 at) {
-        const ANTLR3_UINT8 result = *qzResultOf(parser, at, rule);
+        const ANTLR3_UINT8 result = at < parser->cleared ? *qzResultOf(parser, at, rule) : ANTLR3_UINT8{0};
         return result < 2 ? at : qzRemembered(parser, at, rule, result);
     };
     ANTLR3_UINT32 end = endAt(place);

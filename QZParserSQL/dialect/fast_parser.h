@@ -23,7 +23,7 @@ struct QZFollow {
 };
 
 /* A parser of the runtime and beside it what its rules look at. Of `types` and `tokens` three at the end stand for the
- * end of the text. `results` holds a byte for each rule at each place: 0 for none yet, 1 for failure, the number of tokens
+ * end of the text. `results` holds a byte for each rule at each place, of the places that are `cleared`: 0 for none yet, 1 for failure, the number of tokens
  * read + 2, or QZ_FAR where these are more; then `ends` holds the places behind the rule.
  */
 struct QZFastParser {
@@ -36,6 +36,7 @@ struct QZFastParser {
     const char* stackLimit;
     struct QZFollow* follow;
     ANTLR3_UINT32 place;
+    ANTLR3_UINT32 cleared;
     ANTLR3_UINT32 places;
     ANTLR3_UINT32 rules;
 };
@@ -58,6 +59,7 @@ pANTLR3_PARSER qzParserAt(struct QZFastParser* parser, ANTLR3_UINT32 place);
 
 ANTLR3_UINT32 qzGuessTooDeep(struct QZFastParser* parser, ANTLR3_UINT32 place);
 void qzTreeTooDeep(struct QZFastParser* parser);
+void qzClearResults(struct QZFastParser* parser, ANTLR3_UINT32 place);
 void qzRememberFar(struct QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule, ANTLR3_UINT32 end);
 void qzExtendToEndOfRun(struct QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule);
 

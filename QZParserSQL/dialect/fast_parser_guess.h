@@ -26,11 +26,12 @@
  */
 #define QZ_REMEMBERED(rule)                                                                 \
     const ANTLR3_UINT32 entered = place;                                                    \
+    if (place >= QZP->cleared) qzClearResults(QZP, place);                                  \
     ANTLR3_UINT8* const result = QZP->results + (size_t)place * QZ_RULES + (rule);          \
     if (*result != 0) return qzRemembered(QZP, place, (rule), *result);                     \
     *result = 1;
 #define QZ_REPEATED(rule)                                       \
-    if (*qzResultOf(QZP, place, (rule)) > 1) qzExtendToEndOfRun(QZP, place, (rule)); \
+    if (place < QZP->cleared && *qzResultOf(QZP, place, (rule)) > 1) qzExtendToEndOfRun(QZP, place, (rule)); \
     QZ_REMEMBERED(rule)
 #define QZ_REMEMBER(rule)                                                   \
     if (place - entered < QZ_FAR - 2) {                                     \
