@@ -1,115 +1,253 @@
-// Throughput of parsing, one facade a query as hosts do it, and growth with the size of the text.
+// What the recognizers take, see docs/performance.md. No result outlives its query and each text is fresh: a copy that
+// no recognizer has seen.
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <iterator>
+#include <algorithm>
+#include <chrono>
+#include <iostream>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "QZParserSQL/MSAccess_v3/CQZMSAccessSQL_v3Parcer.h"
+#ifdef QZ_WITH_PG_QUERY
+#include <pg_query.h>
+#endif
+
+#include "QZParserSQL/front/BuildQueryInfo.h"
 #include "QZParserSQL/platform/Console.h"
+#include "bench/Road.h"
+#include "bench/Texts.h"
+#include "tests/catalog/Concrete.h"
 
 namespace {
 
-void Parse(CString& sql) {
-    CQZMSAccessSQL_v3Parcer parser;
-    parser.SetSQL(sql);
-    parser.ParseSQL();
-    CQZSQLTree* tree = nullptr;
-    parser.GetSQLTree(&tree);
-    const std::unique_ptr<CQZSQLTree> owned(tree);
-    benchmark::DoNotOptimize(owned->GetChildCount());
-}
+using Clock = std::chrono::steady_clock;
+using State = benchmark::State;
 
-std::vector<CString> ReadCorpus() {
-    std::vector<CString> queries;
-    for (const auto& entry : std::filesystem::directory_iterator(QZ_SOURCE_FOLDER "/tests/corpus/access")) {
-        if (entry.path().extension() != ".sql") continue;
-        std::ifstream file(entry.path(), std::ios::binary);
-        queries.push_back(CString::FromUtf8(std::string(std::istreambuf_iterator<char>(file), {})));
+double Microseconds(Clock::duration duration) { return std::chrono::duration<double, std::micro>(duration).count(); }
+
+// The time of each stage, added up.
+class Stages {
+ public:
+    enum Stage { kLex, kParse, kFree, kWalk, kFreeViews, kStages };
+
+    void Run(const Dialect& dialect, const std::u16string& seen) {
+        const std::u16string text = seen;
+        auto road = std::make_unique<Road>(dialect, text);
+        m_Last = Clock::now();
+        road->Lex();
+        Add(kLex);
+        road->Parse();
+        Add(kParse);
+        road->Walk();
+        Add(kWalk);
+        road->FreeViews();
+        Add(kFreeViews);
+        road.reset();
+        Add(kFree);
     }
-    return queries;
+
+    double Microseconds(Stage stage) const { return ::Microseconds(m_Times[stage]); }
+
+ private:
+    void Add(Stage stage) {
+        const auto now = Clock::now();
+        m_Times[stage] += now - m_Last;
+        m_Last = now;
+    }
+
+    Clock::time_point m_Last;
+    Clock::duration m_Times[kStages]{};
+};
+
+void Report(State& state, const Stages& stages, double queries, double characters) {
+    const struct {
+        const char* name;
+        Stages::Stage stage;
+    } counters[] = {{"lex_us", Stages::kLex},
+                    {"parse_us", Stages::kParse},
+                    {"free_us", Stages::kFree},
+                    {"walk_us", Stages::kWalk},
+                    {"free_views_us", Stages::kFreeViews}};
+    for (const auto& counter : counters) state.counters[counter.name] = stages.Microseconds(counter.stage) / queries;
+    const double whole =
+        stages.Microseconds(Stages::kLex) + stages.Microseconds(Stages::kParse) + stages.Microseconds(Stages::kFree);
+    state.counters["whole_us"] = whole / queries;
+    state.counters["characters_a_query"] = characters / queries;
+    state.counters["characters_a_second"] = characters / whole * 1e6;
 }
 
-std::string Repeat(const std::string& text, std::int64_t count) {
-    std::string repeated;
-    for (std::int64_t i = 0; i < count; ++i) repeated += text;
-    return repeated;
-}
-
-void Silence() {
-    QZSetErrorSink([](void*, std::string_view) {}, nullptr);
-}
-
-// A query of 186 characters and 44 tokens of the default channel.
-void OneQuery(benchmark::State& state) {
-    CString sql(
-        u"SELECT Customers.[Company Name], Orders.Due AS DueDate FROM Customers INNER JOIN Orders ON Customers.ID = "
-        u"Orders.CustomerID WHERE Orders.Due < #1/2/2020# AND Orders.Paid = False ORDER BY Orders.Due DESC");
-    while (state.KeepRunning()) Parse(sql);
-    state.SetItemsProcessed(state.iterations());
-    state.SetBytesProcessed(state.iterations() * sql.GetLength());
-}
-BENCHMARK(OneQuery)->Unit(benchmark::kMicrosecond);
-
-void Corpus(benchmark::State& state) {
-    Silence();
-    auto queries = ReadCorpus();
-    std::int64_t units = 0;
-    for (const CString& query : queries) units += query.GetLength();
+void Corpora(State& state, const Dialect& dialect) {
+    const auto queries = Corpus(dialect.name);
+    Stages stages;
+    double characters = 0;
     while (state.KeepRunning()) {
-        for (CString& query : queries) Parse(query);
+        for (const Query& query : queries) {
+            stages.Run(dialect, query.text);
+            characters += static_cast<double>(query.text.size());
+        }
     }
-    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(queries.size()));
-    state.SetBytesProcessed(state.iterations() * units);
-}
-BENCHMARK(Corpus)->Unit(benchmark::kMicrosecond);
-
-// Each shape as a function of its size; the reported complexity should be N.
-void Growth(benchmark::State& state, const std::function<std::string(std::int64_t)>& shape) {
-    CString sql = CString::FromUtf8(shape(state.range(0)));
-    while (state.KeepRunning()) Parse(sql);
-    state.SetBytesProcessed(state.iterations() * sql.GetLength());
-    state.SetComplexityN(state.range(0));
+    const double runs = static_cast<double>(state.iterations()) * static_cast<double>(queries.size());
+    Report(state, stages, runs, characters);
 }
 
-struct Shape {
-    const char* name;
-    std::int64_t largest;
-    std::function<std::string(std::int64_t)> make;
-};
+void Whole(const Dialect& dialect, const std::u16string& seen) {
+    const std::u16string text = seen;
+    Road road(dialect, text);
+    road.Lex();
+    benchmark::DoNotOptimize(road.Parse());
+}
 
-const std::vector<Shape> kShapes = {
-    {"LargeText", 2400,  // 200 KB
-     [](std::int64_t n) {
-         return "SELECT " + Repeat("Left$([Unit Price],2) & t.[Name] AS x, ", n) + "1 FROM t WHERE " +
-                Repeat("(t.Due < #1/2/2020# OR t.Paid = False) AND ", n) + "a = 1";
-     }},
-    {"NestedParentheses", 1000,
-     [](std::int64_t n) { return "SELECT " + Repeat("(", n) + "a" + Repeat(")", n) + " FROM t"; }},
-    {"UnclosedIif", 1000, [](std::int64_t n) { return "SELECT " + Repeat("IIF(a=1,2,", n) + " FROM t"; }},
-    {"AndChain", 8000, [](std::int64_t n) { return "SELECT a FROM t WHERE a = 1" + Repeat(" AND b = 2", n); }},
-    {"InList", 50000, [](std::int64_t n) { return "SELECT a FROM t WHERE a IN (1" + Repeat(", 2", n) + ")"; }},
-    {"SelectList", 8000, [](std::int64_t n) { return "SELECT a" + Repeat(", b", n) + " FROM t"; }},
-    {"Joins", 4000, [](std::int64_t n) { return "SELECT a FROM t" + Repeat(" INNER JOIN u ON t.a = u.b", n); }},
-};
+void Large(State& state, const Dialect& dialect) {
+    const std::u16string text = LargeText();
+    Whole(dialect, text);
+    Stages stages;
+    while (state.KeepRunning()) stages.Run(dialect, text);
+    const auto runs = static_cast<double>(state.iterations());
+    Report(state, stages, runs, runs * static_cast<double>(text.size()));
+}
 
-const bool kRegistered = [] {
-    for (const Shape& shape : kShapes) {
-        benchmark::RegisterBenchmark(shape.name,
-                                     [&shape](benchmark::State& state) {
-                                         Silence();
-                                         Growth(state, shape.make);
-                                     })
-            ->Unit(benchmark::kMillisecond)
-            ->RangeMultiplier(2)
-            ->Range(shape.largest / 8, shape.largest)
-            ->Complexity(benchmark::oN);
+void OneQuery(State& state, const Dialect& dialect, const Query& query) {
+    while (state.KeepRunning()) Whole(dialect, query.text);
+}
+
+#ifdef QZ_WITH_PG_QUERY
+bool PgQueryAccepts(const std::string& text) {
+    const PgQueryParseResult result = pg_query_parse(text.c_str());
+    const bool accepts = result.error == nullptr;
+    pg_query_free_parse_result(result);
+    return accepts;
+}
+
+void PgQuery(State& state, const Query& query) {
+    while (state.KeepRunning()) {
+        const std::string text = query.utf8;
+        const PgQueryParseResult result = pg_query_parse(text.c_str());
+        benchmark::DoNotOptimize(result.parse_tree);
+        pg_query_free_parse_result(result);
     }
-    return true;
-}();
+}
+#endif
+
+// What a query's recognizers hold when the tree is there, nothing being kept from before.
+void Memory(State& state, const Dialect& dialect, const std::u16string& text) {
+    std::size_t bytes = 0;
+    std::size_t tokens = 0;
+    while (state.KeepRunning()) {
+        QZReleaseMemory();
+        malloc_trim(0);
+        const auto before = mallinfo2();
+        Road road(dialect, text);
+        tokens = road.Lex();
+        road.Parse();
+        const auto after = mallinfo2();
+        bytes = after.uordblks + after.hblkhd - before.uordblks - before.hblkhd;
+    }
+    state.counters["bytes"] = static_cast<double>(bytes);
+    state.counters["bytes_a_token"] = static_cast<double>(bytes) / static_cast<double>(tokens);
+}
+
+// The model of MS Access: the build, with its own parse and walks, and the resolution.
+void Model(State& state) {
+    auto queries = Corpus("access");
+    const QZReporter reporter{[](void*, const QZReport&) {}, nullptr};
+    Clock::duration build{};
+    Clock::duration resolution{};
+    while (state.KeepRunning()) {
+        for (const Query& query : queries) {
+            concrete::Database database;
+            CQZQueryInfo model;
+            model.SetDatabase(&database);
+            model.SetSQL(CString(query.text));
+            const auto begin = Clock::now();
+            QZBuildQuery(&model, kDbMSAccess, &reporter);
+            const auto built = Clock::now();
+            model.ResolveAllItems();
+            build += built - begin;
+            resolution += Clock::now() - built;
+        }
+    }
+    const double runs = static_cast<double>(state.iterations()) * static_cast<double>(queries.size());
+    state.counters["build_us"] = Microseconds(build) / runs;
+    state.counters["resolution_us"] = Microseconds(resolution) / runs;
+}
+
+void Growth(State& state, const Dialect& dialect, const Shape& shape) {
+    const std::u16string text = Widened(shape.make(state.range(0)));
+    Whole(dialect, text);  // from here on the thread keeps the memory
+    while (state.KeepRunning()) Whole(dialect, text);
+    state.counters["characters"] = static_cast<double>(text.size());
+}
+
+bool IsClean(const Dialect& dialect, const std::u16string& text) {
+    Road road(dialect, text);
+    road.Lex();
+    road.Parse();
+    return road.IsClean();
+}
+
+// One benchmark for each query that is clean, and for libpg_query right behind it where it accepts the text too.
+void RegisterQueries(const Dialect& dialect) {
+    auto queries = Corpus(dialect.name);
+    queries.push_back(CommonQuery());
+    for (const Query& query : queries) {
+        if (!IsClean(dialect, query.text)) continue;
+        const std::string name = std::string(dialect.name) + "/" + query.name;
+        benchmark::RegisterBenchmark(("Query/" + name).c_str(), [&dialect, query](State& state) {
+            OneQuery(state, dialect, query);
+        })->MinTime(0.02)->Repetitions(3)->Unit(benchmark::kMicrosecond);
+#ifdef QZ_WITH_PG_QUERY
+        if (!PgQueryAccepts(query.utf8)) continue;
+        benchmark::RegisterBenchmark(("PgQuery/" + name).c_str(), [query](State& state) { PgQuery(state, query); })
+            ->MinTime(0.02)->Repetitions(3)->Unit(benchmark::kMicrosecond);
+#endif
+    }
+}
+
+void RegisterGrowth(const Dialect& dialect) {
+    for (const Shape& shape : Shapes()) {
+        auto* growth = benchmark::RegisterBenchmark(
+            ("Growth/" + std::string(dialect.name) + "/" + shape.name).c_str(),
+            [&dialect, &shape](State& state) { Growth(state, dialect, shape); });
+        for (std::int64_t size = shape.largest; size > shape.largest / 64 && size > 1; size /= 2) growth->Arg(size);
+        growth->MinTime(0.05)->Unit(benchmark::kMillisecond);
+    }
+}
+
+void RegisterAll() {
+    for (const Dialect& dialect : kDialects) {
+        const std::string name = dialect.name;
+        benchmark::RegisterBenchmark(("Corpus/" + name).c_str(), [&](State& state) { Corpora(state, dialect); })
+            ->Unit(benchmark::kMicrosecond);
+        benchmark::RegisterBenchmark(("Large/" + name).c_str(), [&](State& state) { Large(state, dialect); })
+            ->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark(("Memory/query/" + name).c_str(), [&](State& state) {
+            Memory(state, dialect, CommonQuery().text);
+        })->Iterations(3);
+        benchmark::RegisterBenchmark(("Memory/large/" + name).c_str(), [&](State& state) {
+            Memory(state, dialect, LargeText());
+        })->Iterations(3);
+        RegisterQueries(dialect);
+        RegisterGrowth(dialect);
+    }
+    benchmark::RegisterBenchmark("Model/access", Model)->Unit(benchmark::kMicrosecond);
+}
 
 }  // namespace
+
+// The common stack of a program is used; deep texts fit on it.
+int main(int count, char** arguments) {
+    if (count == 2 && arguments[1] == std::string_view("--common-query")) {
+        std::cout << CommonQuery().utf8;
+        return 0;
+    }
+    QZSetErrorSink([](void*, std::string_view) {}, nullptr);
+    QZSetConsoleSink([](void*, std::string_view) {}, nullptr);
+    benchmark::Initialize(&count, arguments);
+    if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 2;
+    RegisterAll();
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

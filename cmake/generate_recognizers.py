@@ -10,6 +10,8 @@ import subprocess
 import sys
 from pathlib import Path
 
+from fast_parser import fast_parser
+
 # Messages of the tool's own templates, a few thousand a run; every other warning or error is about the grammar.
 NOISE = re.compile(r"^warning\(24\): +template error: ")
 
@@ -44,11 +46,23 @@ def repeated_rule(text: str) -> int:
     return int(numbers.pop()) if numbers else 0
 
 
+def fit_lexer(path: Path, name: str) -> None:
+    text = include_support(path.read_text(), f"{name}Lexer.h")
+    mark = re.compile(r"#define\s+INVALID ANTLR3_TOKEN_INVALID\n")
+    fast = '#ifndef QZ_PLAIN_RECOGNIZERS\n#include "QZParserSQL/dialect/fast_lexer.h"\n#endif\n'
+    text, count = mark.subn(lambda m: m.group(0) + fast, text)
+    if count != 1:
+        sys.exit("the tool's macros end in another way")
+    path.write_text(text)
+
+
+# The plain form keeps the tool's rules as they are.
 def fit_parser(path: Path, name: str) -> str:
     text = path.read_text()
     rules = 1 + max(int(n) for n in re.findall(r"HAVEPARSEDRULE\((\d+)\)", text))
     defines = f"#define QZ_RULE_COUNT {rules}\n#define QZ_REPEATED_RULE {repeated_rule(text)}\n"
     text = include_support(text, f"{name}Parser.h", defines)
+    path.with_name(f"{name}FastParser.c").write_text(fast_parser(text, name))
     path.write_text(guard_rules(text))
     entry = re.search(r"^    ctx->(\w+)\t= \1;$", text, re.M)
     return entry.group(1)
@@ -139,8 +153,7 @@ def main() -> None:
     name = grammar.stem
     output.mkdir(parents=True, exist_ok=True)
     run_tool(grammar, output)
-    lexer = output / f"{name}Lexer.c"
-    lexer.write_text(include_support(lexer.read_text(), f"{name}Lexer.h"))
+    fit_lexer(output / f"{name}Lexer.c", name)
     entry = fit_parser(output / f"{name}Parser.c", name)
     names, literals = read_tokens(output / f"{name}.tokens")
     write_token_header(Path(sys.argv[3]), name, names)

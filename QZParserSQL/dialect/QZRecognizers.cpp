@@ -2,6 +2,7 @@
 #include "QZParserSQL/dialect/QZRecognizers.h"
 
 #include "QZParserSQL/dialect/GrammarTable.h"
+#include "QZParserSQL/dialect/Memory.h"
 #include "QZParserSQL/dialect/Token.h"
 
 namespace {
@@ -86,6 +87,8 @@ void QZFreeParser(const QZGrammar& grammar, void* parser) {
     if (parser != nullptr) grammar.freeParser(parser);
 }
 
+void QZReleaseMemory() { qz::Kept::ReleaseAllOfThread(); }
+
 std::size_t QZTokenCount(QZTokenStream* tokens) {
     tokens->tstream->istream->_LA(tokens->tstream->istream, 1);  // the first look fills the stream
     return tokens->tokens->count;
@@ -114,7 +117,7 @@ std::uint32_t QZChildCount(const QZNode* node) { return node->children == nullpt
 
 const QZNode* QZChildAt(const QZNode* node, std::uint32_t index) {
     if (index >= QZChildCount(node)) return nullptr;
-    return static_cast<const QZNode*>(node->children->get(node->children, index));
+    return static_cast<const QZNode*>(node->children->elements[index].element);
 }
 
 std::u16string QZTextOf(const QZGrammar& grammar, const QZNode* node) {

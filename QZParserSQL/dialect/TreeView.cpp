@@ -15,6 +15,11 @@ TreeView::~TreeView() {
 }
 
 void TreeView::GiveChildrenTo(std::vector<TreeView*>& views) {
+    for (TreeView* view : m_ByIndex) {
+        if (view != nullptr) views.push_back(view);
+    }
+    m_ByIndex.clear();
+    if (m_Children.IsEmpty()) return;
     CString key;
     void* view = nullptr;
     for (POSITION position = m_Children.GetStartPosition(); position != nullptr;) {
@@ -22,24 +27,24 @@ void TreeView::GiveChildrenTo(std::vector<TreeView*>& views) {
         if (view != nullptr) views.push_back(static_cast<TreeView*>(view));
     }
     m_Children.RemoveAll();
-    m_ByIndex.clear();
 }
 
 CQZSQLTree* TreeView::GetChild(std::uint32_t index) {
     if (index < m_ByIndex.size() && m_ByIndex[index] != nullptr) return m_ByIndex[index];
     void* view = nullptr;
-    if (m_Children.Lookup(CString::FromInt(index), view)) return static_cast<TreeView*>(view);
+    if (!m_Children.IsEmpty() && m_Children.Lookup(CString::FromInt(index), view)) return static_cast<TreeView*>(view);
     return AddChild(index);
 }
 
 TreeView* TreeView::AddChild(std::uint32_t index) {
     TreeView* view = NewOfSameClass();
-    m_Children.SetAt(CString::FromInt(index), view);
     const std::uint32_t count = GetChildCount();
     if (index < count) {
         view->SetNode(QZChildAt(m_pNode, index));
         m_ByIndex.resize(count);
         m_ByIndex[index] = view;
+    } else {
+        m_Children.SetAt(CString::FromInt(index), view);
     }
     return view;
 }

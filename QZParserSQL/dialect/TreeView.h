@@ -27,8 +27,8 @@ class TreeView : public CQZSQLTree {
     TreeView* AddChild(std::uint32_t index);
     void GiveChildrenTo(std::vector<TreeView*>& views);
 
-    CMapStringToOb m_Children{10};
+    CMapStringToOb m_Children{10};  // of places where the node has no child
     const QZNode* m_pNode = nullptr;
     const QZGrammar& m_Grammar;
-    std::vector<TreeView*> m_ByIndex;  // the same views, for a walk that needs no key
+    std::vector<TreeView*> m_ByIndex;  // of the others, so that a walk needs no key
 };

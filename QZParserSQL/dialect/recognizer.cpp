@@ -323,7 +323,11 @@ void TellTooDeep(Recognizer recognizer) try {
 // recognizers
 
 pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pANTLR3_RECOGNIZER_SHARED_STATE state) {
+#ifdef QZ_PLAIN_RECOGNIZERS
     const auto lexer = antlr3LexerNewStream(sizeHint, input, state);
+#else
+    const auto lexer = qzFastLexerNew(sizeHint, input, state);
+#endif
     if (lexer == nullptr) return nullptr;
     lexer->recover = DropOneCharacter;
     lexer->getLine = PlaceEndOfText;
@@ -350,13 +354,17 @@ pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR
 
 ANTLR3_BOOLEAN qzNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer) {
     if (!RuleMemo::Of(recognizer).StackIsLow(__builtin_frame_address(0))) return ANTLR3_FALSE;
+    qzFailTooDeep(recognizer);
+    return ANTLR3_TRUE;
+}
+
+void qzFailTooDeep(pANTLR3_BASE_RECOGNIZER recognizer) {
     TellTooDeep(recognizer);
     if (recognizer->state->backtracking > 0) {
         recognizer->state->failed = ANTLR3_TRUE;
     } else {
         RaiseTooDeep(recognizer);
     }
-    return ANTLR3_TRUE;
 }
 
 ANTLR3_BOOLEAN qzWasNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer) { return RuleMemo::Of(recognizer).WasTooDeep(); }

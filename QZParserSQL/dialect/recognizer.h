@@ -7,6 +7,9 @@
 #include <antlr3.h>
 
 #include "QZParserSQL/dialect/QZRecognizerConstructors.h"
+#ifndef QZ_PLAIN_RECOGNIZERS
+#include "QZParserSQL/dialect/fast_parser.h"
+#endif
 
 #ifdef __cplusplus
 extern "C" {
@@ -25,8 +28,14 @@ pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pAN
 pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 repeatedRule,
                                ANTLR3_UINT32 exactToken, ANTLR3_UINT32 openingToken);
 
+/* What the fast recognizers have instead of the runtime's. */
+pANTLR3_LEXER qzFastLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pANTLR3_RECOGNIZER_SHARED_STATE state);
+
 /* True near the end of the stack: the rule must not go deeper. Fails the guess, or raises the exception. */
 ANTLR3_BOOLEAN qzNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer);
+
+/* Fails so without a look at the stack. */
+void qzFailTooDeep(pANTLR3_BASE_RECOGNIZER recognizer);
 
 /* Whether that was the case in this parse. */
 ANTLR3_BOOLEAN qzWasNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer);
@@ -41,7 +50,14 @@ pANTLR3_BASE_TREE qzWholeTree(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_BASE_TR
 
 /* For generated files only. */
 #ifndef __cplusplus
+#ifdef QZ_PLAIN_RECOGNIZERS
 #define ANTLR3_TREE_ADAPTORNew(strings) qzTreeAdaptorNew(strings)
+#else
+#define ANTLR3_TREE_ADAPTORNew(strings) qzTreeAdaptorOf(ctx->pParser)
+#define antlr3VectorFactoryNew(hint) qzVectorFactoryOf(ctx->pParser)
+#define antlr3ParserNewStream(hint, tokens, state) \
+    qzFastParserNew(hint, tokens, state, QZ_RULES, QZ_TOKEN_TYPES)
+#endif
 #define antlr3LexerNewStream(hint, input, state) qzLexerNew(hint, input, state)
 #define antlr3IntTrieNew(depth) \
     qzRuleMemoNew(ctx->pParser, QZ_RULE_COUNT, QZ_REPEATED_RULE, QZ_EXACT_TOKEN, QZ_OPENING_TOKEN)

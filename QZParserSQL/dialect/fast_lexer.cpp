@@ -1,0 +1,129 @@
+// What fast lexers do beside matching: they make tokens out of memory of their own and drive the rules.
+#include <cstddef>
+#include <cstring>
+#include <new>
+
+#include "QZParserSQL/dialect/Pool.h"
+#include "QZParserSQL/dialect/fast_lexer.h"
+#include "QZParserSQL/dialect/recognizer.h"
+
+namespace {
+
+using Token = pANTLR3_COMMON_TOKEN;
+
+struct TokenFactory {
+    ANTLR3_TOKEN_FACTORY factory{};
+    qz::Pool<ANTLR3_COMMON_TOKEN> tokens;
+};
+
+TokenFactory& FactoryOf(pANTLR3_TOKEN_FACTORY factory) { return *reinterpret_cast<TokenFactory*>(factory); }
+
+ANTLR3_COMMON_TOKEN MakeTokenModel() {
+    ANTLR3_COMMON_TOKEN model{};
+    antlr3SetTokenAPI(&model);
+    return model;
+}
+
+// The functions behind the data are always the same.
+Token NewToken(pANTLR3_TOKEN_FACTORY factory) {
+    static const ANTLR3_COMMON_TOKEN model = MakeTokenModel();
+    auto* token = FactoryOf(factory).tokens.Take(model);
+    std::memcpy(static_cast<void*>(token), &factory->unTruc, offsetof(ANTLR3_COMMON_TOKEN, getText));
+    return token;
+}
+
+void SetInput(pANTLR3_TOKEN_FACTORY factory, pANTLR3_INPUT_STREAM input) {
+    factory->input = factory->unTruc.input = input;
+    factory->unTruc.strFactory = input == nullptr ? nullptr : input->strFactory;
+}
+
+pANTLR3_TOKEN_FACTORY NewTokenFactory(pANTLR3_INPUT_STREAM input) {
+    auto* tokens = new (std::nothrow) TokenFactory;
+    if (tokens == nullptr) return nullptr;
+    auto& factory = tokens->factory;
+    factory.newToken = NewToken;
+    factory.setInputStream = SetInput;
+    factory.reset = [](pANTLR3_TOKEN_FACTORY self) { FactoryOf(self).tokens.GiveBack(); };
+    factory.close = [](pANTLR3_TOKEN_FACTORY self) { delete &FactoryOf(self); };
+    antlr3SetTokenAPI(&factory.unTruc);
+    factory.unTruc.factoryMade = ANTLR3_TRUE;
+    SetInput(&factory, input);
+    return &factory;
+}
+
+void Install(pANTLR3_LEXER lexer, pANTLR3_INPUT_STREAM input) {
+    auto& state = *lexer->rec->state;
+    auto& source = *state.tokSource;
+    lexer->input = input;
+    if (state.tokFactory == nullptr) {
+        state.tokFactory = NewTokenFactory(input);
+    } else {
+        state.tokFactory->setInputStream(state.tokFactory, input);
+    }
+    if (source.strFactory == nullptr) source.strFactory = input->strFactory;
+    if (source.eofToken.strFactory == nullptr) source.eofToken.strFactory = input->strFactory;
+    source.fileName = input->fileName;
+    state.tokenStartCharIndex = -1;
+}
+
+void BeginToken(ANTLR3_RECOGNIZER_SHARED_STATE& state, const ANTLR3_INPUT_STREAM& input) {
+    state.channel = ANTLR3_TOKEN_DEFAULT_CHANNEL;
+    state.tokenStartCharIndex = reinterpret_cast<ANTLR3_MARKER>(input.nextChar);
+    state.tokenStartCharPositionInLine = input.charPositionInLine;
+    state.tokenStartLine = static_cast<ANTLR3_INT32>(input.line);
+    state.text = nullptr;
+    state.custom = nullptr;
+    state.user1 = state.user2 = state.user3 = 0;
+    state.token = nullptr;
+    state.error = ANTLR3_FALSE;
+    state.failed = ANTLR3_FALSE;
+}
+
+Token EndToken(pANTLR3_LEXER lexer) {
+    const auto& state = *lexer->rec->state;
+    const auto& input = *lexer->input;
+    const Token token = NewToken(state.tokFactory);
+    token->type = state.type;
+    token->channel = state.channel;
+    token->start = state.tokenStartCharIndex;
+    token->stop = reinterpret_cast<ANTLR3_MARKER>(input.nextChar) - 1;
+    token->line = static_cast<ANTLR3_UINT32>(state.tokenStartLine);
+    token->charPosition = state.tokenStartCharPositionInLine;
+    token->lineStart = input.currentLine;
+    return token;
+}
+
+Token EndOfText(pANTLR3_LEXER lexer) {
+    auto& end = lexer->rec->state->tokSource->eofToken;
+    end.start = end.stop = reinterpret_cast<ANTLR3_MARKER>(lexer->input->nextChar);
+    end.line = lexer->getLine(lexer);
+    return &end;
+}
+
+Token NextToken(pANTLR3_TOKEN_SOURCE source) {
+    const auto lexer = static_cast<pANTLR3_LEXER>(source->super);
+    auto& state = *lexer->rec->state;
+    for (;;) {
+        BeginToken(state, *lexer->input);
+        if (qzCharacter(lexer->input, 1) == ANTLR3_CHARSTREAM_EOF) return EndOfText(lexer);
+        lexer->mTokens(lexer->ctx);
+        if (state.error == ANTLR3_TRUE) {
+            state.failed = ANTLR3_TRUE;
+            lexer->rec->reportError(lexer->rec);
+            lexer->recover(lexer);
+        } else if (state.token == nullptr) {
+            return state.token = EndToken(lexer);
+        }
+    }
+}
+
+}  // namespace
+
+pANTLR3_LEXER qzFastLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input,
+                             pANTLR3_RECOGNIZER_SHARED_STATE state) {
+    const auto lexer = antlr3LexerNew(sizeHint, state);
+    if (lexer == nullptr) return nullptr;
+    Install(lexer, input);
+    lexer->rec->state->tokSource->nextToken = NextToken;
+    return lexer;
+}

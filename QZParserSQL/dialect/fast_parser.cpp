@@ -1,0 +1,205 @@
+// What fast parsers do beside reading on: they begin with the tokens of a stream, and meet the runtime in errors.
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <utility>
+
+#include "QZParserSQL/dialect/FastParser.h"
+#include "QZParserSQL/dialect/recognizer.h"
+#include "QZParserSQL/platform/Stack.h"
+
+namespace {
+
+using qz::FastParser;
+
+constexpr ANTLR3_UINT32 kEndTokens = 3;
+
+pANTLR3_COMMON_TOKEN_STREAM StreamOf(const QZFastParser& parser) {
+    return static_cast<pANTLR3_COMMON_TOKEN_STREAM>(parser.parser.tstream->super);
+}
+
+// --------------------------------------------------------------------------------------------------------- the tokens
+
+void AddEnd(QZFastParser& parser, ANTLR3_UINT32* types, ANTLR3_UINT32 place) {
+    for (ANTLR3_UINT32 end = place; end < place + kEndTokens; ++end) {
+        types[end] = ANTLR3_TOKEN_EOF;
+        parser.tokens[end] = &parser.parser.tstream->tokenSource->eofToken;
+    }
+}
+
+template <class Element>
+Element* NewCleared(FastParser& parser, std::size_t count) {
+    void* memory = parser.memory.Take(count * sizeof(Element));
+    return static_cast<Element*>(std::memset(memory, 0, count * sizeof(Element)));
+}
+
+void ReadTokens(FastParser& parser) {
+    parser.parser.tstream->_LT(parser.parser.tstream, 1);  // the first look fills the stream
+    const auto& stream = *StreamOf(parser);
+    const ANTLR3_UINT32 all = stream.tokens->count;
+    auto* types = static_cast<ANTLR3_UINT32*>(parser.memory.Take((all + kEndTokens) * sizeof(ANTLR3_UINT32)));
+    parser.tokens =
+        static_cast<pANTLR3_COMMON_TOKEN*>(parser.memory.Take((all + kEndTokens) * sizeof(pANTLR3_COMMON_TOKEN)));
+    ANTLR3_UINT32 count = 0;
+    for (ANTLR3_UINT32 i = 0; i < all; ++i) {
+        const auto token = static_cast<pANTLR3_COMMON_TOKEN>(stream.tokens->elements[i].element);
+        if (token->channel != stream.channel) continue;
+        types[count] = token->type;
+        parser.tokens[count++] = token;
+    }
+    AddEnd(parser, types, count);
+    parser.types = types;
+    parser.places = count + 1;
+    parser.results = static_cast<ANTLR3_UINT8*>(parser.memory.Take(std::size_t{parser.places} * parser.rules));
+    parser.ends = NewCleared<ANTLR3_UINT32*>(parser, parser.rules);
+}
+
+void MoveStream(QZFastParser& parser, ANTLR3_UINT32 place) {
+    auto& stream = *StreamOf(parser);
+    const bool atEnd = parser.types[place] == ANTLR3_TOKEN_EOF;
+    stream.p = static_cast<ANTLR3_INT32>(atEnd ? stream.tokens->count : parser.tokens[place]->index);
+}
+
+void FollowStream(QZFastParser& parser) {
+    const auto index = static_cast<ANTLR3_MARKER>(StreamOf(parser)->p);
+    const auto isBefore = [&](ANTLR3_UINT32 place) {
+        return parser.types[place] != ANTLR3_TOKEN_EOF && parser.tokens[place]->index < index;
+    };
+    if (!isBefore(parser.place)) {
+        while (parser.place > 0 && !isBefore(parser.place - 1)) --parser.place;
+    }
+    while (isBefore(parser.place)) ++parser.place;
+}
+
+// ---------------------------------------------------------------------------------------------------------- the errors
+
+void PushFollowSets(pANTLR3_STACK stack, const QZFollow* innermost) {
+    for (const QZFollow* follow = innermost; follow != nullptr; follow = follow->around) {
+        stack->push(stack, follow->set, nullptr);
+    }
+    auto& vector = *stack->vector;
+    for (ANTLR3_UINT32 i = 0, j = vector.count; i + 1 < j; ++i) std::swap(vector.elements[i], vector.elements[--j]);
+    if (vector.count > 0) stack->top = vector.elements[vector.count - 1].element;
+}
+
+// Tells the runtime what it would know if the tool's own macros had been at work.
+void InformRuntime(QZFastParser& parser) {
+    MoveStream(parser, parser.place);
+    const auto stack = parser.state->following;
+    while (stack->size(stack) > 0) stack->pop(stack);
+    PushFollowSets(stack, parser.follow);
+}
+
+void FreeParser(pANTLR3_PARSER runtimeParser) {
+    auto& parser = FastParser::Of(runtimeParser);
+    const auto freeParser = parser.freeParser;
+    parser.nodes.GiveBack();
+    parser.children.GiveBack();
+    parser.memory.GiveBack();
+    freeParser(runtimeParser);
+}
+
+}  // namespace
+
+// ------------------------------------------------------------------------------------------ called by generated parsers
+
+pANTLR3_PARSER qzFastParserNew(ANTLR3_UINT32 sizeHint, pANTLR3_TOKEN_STREAM tokens,
+                               pANTLR3_RECOGNIZER_SHARED_STATE state, ANTLR3_UINT32 rules,
+                               ANTLR3_UINT32 tokenTypes) {
+    void* memory = std::malloc(sizeof(FastParser));  // the runtime frees it
+    const auto made = memory == nullptr ? nullptr : antlr3ParserNewStream(sizeHint, tokens, state);
+    if (made == nullptr) {
+        std::free(memory);
+        return nullptr;
+    }
+    auto& parser = *new (memory) FastParser{};
+    parser.parser = *made;
+    std::free(made);
+    parser.parser.rec->super = &parser.parser;
+    parser.state = parser.parser.rec->state;
+    parser.rules = rules;
+    parser.tokenTypes = tokenTypes;
+    parser.freeParser = std::exchange(parser.parser.free, FreeParser);
+    qz::InitTrees(parser);
+    return &parser.parser;
+}
+
+void qzBegin(QZFastParser* parser) {
+    if (parser->types == nullptr) ReadTokens(FastParser::Of(parser));
+    parser->stackLimit = qz::StackLimit();
+    FollowStream(*parser);
+}
+
+pANTLR3_COMMON_TOKEN qzEnd(QZFastParser* parser) {
+    MoveStream(*parser, parser->place);
+    return parser->place == 0 ? nullptr : parser->tokens[parser->place - 1];
+}
+
+pANTLR3_PARSER qzParserAt(QZFastParser* parser, ANTLR3_UINT32 place) {
+    MoveStream(*parser, place);
+    return &parser->parser;
+}
+
+ANTLR3_UINT32 qzGuessTooDeep(QZFastParser* parser, ANTLR3_UINT32 place) {
+    MoveStream(*parser, place);
+    qzFailTooDeep(parser->parser.rec);
+    parser->state->failed = ANTLR3_FALSE;
+    return QZ_FAILED;
+}
+
+void qzTreeTooDeep(QZFastParser* parser) {
+    InformRuntime(*parser);
+    qzFailTooDeep(parser->parser.rec);
+}
+
+// Few at a time, shortly before they are read.
+void qzClearResults(QZFastParser* parser, ANTLR3_UINT32 place) {
+    constexpr ANTLR3_UINT32 kAhead = 16;
+    const ANTLR3_UINT32 end = std::min(place + kAhead, parser->places);
+    std::memset(qzResultOf(parser, parser->cleared, 0), 0, std::size_t{end - parser->cleared} * parser->rules);
+    parser->cleared = end;
+}
+
+// Where the repeated rule fits, it is tried again right behind: every part of such a run is given the end of all of it,
+// so that a list which is read from each of its items costs no more than one that is read once.
+void qzExtendToEndOfRun(QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule) {
+    const auto endAt = [&](ANTLR3_UINT32 at) {
+        const ANTLR3_UINT8 result = at < parser->cleared ? *qzResultOf(parser, at, rule) : ANTLR3_UINT8{0};
+        return result < 2 ? at : qzRemembered(parser, at, rule, result);
+    };
+    ANTLR3_UINT32 end = endAt(place);
+    while (endAt(end) != end) end = endAt(end);
+    for (ANTLR3_UINT32 at = place, next = endAt(at); next != end; at = next, next = endAt(at)) {
+        qzRemember(parser, at, rule, end);
+    }
+}
+
+void qzRememberFar(QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule, ANTLR3_UINT32 end) {
+    auto& ends = parser->ends[rule];
+    if (ends == nullptr) ends = NewCleared<ANTLR3_UINT32>(FastParser::Of(parser), parser->places);
+    ends[place] = end;
+    *qzResultOf(parser, place, rule) = QZ_FAR;
+}
+
+pANTLR3_COMMON_TOKEN qzMismatch(QZFastParser* parser, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
+    InformRuntime(*parser);
+    const auto recognizer = parser->parser.rec;
+    auto* token = static_cast<pANTLR3_COMMON_TOKEN>(recognizer->match(recognizer, type, follow));
+    FollowStream(*parser);
+    return token;
+}
+
+void qzRaise(QZFastParser* parser) {
+    InformRuntime(*parser);
+    parser->parser.rec->exConstruct(parser->parser.rec);
+}
+
+pANTLR3_BASE_TREE qzErrorNode(QZFastParser* parser) {
+    const auto recognizer = parser->parser.rec;
+    InformRuntime(*parser);
+    recognizer->reportError(recognizer);
+    recognizer->recover(recognizer);
+    FollowStream(*parser);
+    return qzImaginaryNode(parser, ANTLR3_TOKEN_INVALID);
+}
