@@ -54,7 +54,7 @@ def dialect_of(include: str) -> str:
 
 
 def is_generated(include: str) -> bool:
-    return re.search(r"(Lexer|Parser)\.h$", include) is not None and "CQZ" not in include
+    return re.search(r"(Lexer|Parser)\.h$", include) is not None and "CQZ" not in include and "dialect/" not in include
 
 
 def check_dialects_apart() -> None:

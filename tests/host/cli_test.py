@@ -175,7 +175,7 @@ class Reports(CommandLine):
 
 class Depth(CommandLine):
     def test_too_deep_nesting_has_line_and_column(self):
-        path = self.file("deep.sql", "SELECT\n" + "(" * 600_000)
+        path = self.file("deep.sql", "SELECT\n" + "(" * 900_000)
         out, err = self.expect(NOT_CLEAN, "tree", "-d", "access", "-f", "sexpr", path)
         self.assertTrue(out.startswith("(nil (SELECT_QUERY"))
         self.assertRegex(err, r"deep\.sql:2:\d+: nested too deep")
@@ -188,7 +188,7 @@ class Depth(CommandLine):
         self.assertEqual(self.results("check", "-d", "access", path), "clean\n")
 
     def test_nesting_too_deep_fails_the_run_in_every_emission(self):
-        record = json.dumps({"id": 1, "sql": "SELECT " + "(" * 600_000})
+        record = json.dumps({"id": 1, "sql": "SELECT " + "(" * 900_000})
         for emission in ["tokens", "tree", "check"]:
             out = self.results("batch", "-d", "access", "--emit", emission, code=NOT_CLEAN, stdin=record)
             self.assertEqual(json.loads(out)["status"], "error")
