@@ -23,15 +23,20 @@ struct Nesting {
     std::u16string text;
 };
 
-/// What a recognizer makes of such a text: a root that ends with the end of the text, and one report with a place.
-inline void ExpectTreeAndReport(const QZGrammar& grammar, const Nesting& nesting) {
-    const Recognition recognition(nesting.text, grammar);
+/// What every text gives: a root that ends with the end of the text.
+inline void ExpectTree(const Recognition& recognition, const Nesting& nesting) {
     const QZNode* root = recognition.Root();
     ASSERT_NE(root, nullptr) << nesting.name;
     const std::uint32_t count = QZChildCount(root);
     ASSERT_GE(count, 2U) << nesting.name;
     EXPECT_EQ(QZKindOf(QZChildAt(root, 0)), QZNodeKind::Imaginary) << nesting.name;
     EXPECT_EQ(QZKindOf(QZChildAt(root, count - 1)), QZNodeKind::EndOfText) << nesting.name;
+}
+
+/// What a recognizer makes of such a text on a stack that is too small for it: a tree, and one report with a place.
+inline void ExpectTreeAndReport(const QZGrammar& grammar, const Nesting& nesting) {
+    const Recognition recognition(nesting.text, grammar);
+    ExpectTree(recognition, nesting);
     std::vector<QZReport> tooDeep;
     for (const QZReport& report : recognition.Reports()) {
         if (report.kind == QZReportKind::NestedTooDeep) tooDeep.push_back(report);

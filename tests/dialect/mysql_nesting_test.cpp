@@ -31,11 +31,15 @@ void ExpectTreesAndReports() {
     for (const Nesting& nesting : Nestings()) ExpectTreeAndReport(QZGrammarMySQLSelect(), nesting);
 }
 
+void ExpectTrees() {
+    for (const Nesting& nesting : Nestings()) ExpectTree(Recognition(nesting.text, QZGrammarMySQLSelect()), nesting);
+}
+
 TEST(MySQLDeepNesting, IsToldOnceAndEndsNoProcessOnASmallStack) { RunOnStack(128 * 1024, ExpectTreesAndReports); }
 
 TEST(MySQLDeepNesting, IsToldOnceAndEndsNoProcessOnAStackOfAMegabyte) { RunOnStack(1 << 20, ExpectTreesAndReports); }
 
-TEST(MySQLDeepNesting, IsToldOnceAndEndsNoProcessOnACommonStack) { RunOnStack(8 << 20, ExpectTreesAndReports); }
+TEST(MySQLDeepNesting, EndsNoProcessOnACommonStack) { RunOnStack(8 << 20, ExpectTrees); }
 
 TEST(MySQLDeepNesting, OfAThousandParenthesesIsUnderstoodOnACommonStack) {
     const std::u16string open = Repeated(u"(", 1000);

@@ -34,11 +34,15 @@ void ExpectTreesAndReports() {
     for (const Nesting& nesting : Nestings()) ExpectTreeAndReport(QZGrammarOracle(), nesting);
 }
 
+void ExpectTrees() {
+    for (const Nesting& nesting : Nestings()) ExpectTree(Recognition(nesting.text, QZGrammarOracle()), nesting);
+}
+
 TEST(OracleDeepNesting, IsToldOnceAndEndsNoProcessOnASmallStack) { RunOnStack(128 * 1024, ExpectTreesAndReports); }
 
 TEST(OracleDeepNesting, IsToldOnceAndEndsNoProcessOnAStackOfAMegabyte) { RunOnStack(1 << 20, ExpectTreesAndReports); }
 
-TEST(OracleDeepNesting, IsToldOnceAndEndsNoProcessOnACommonStack) { RunOnStack(8 << 20, ExpectTreesAndReports); }
+TEST(OracleDeepNesting, EndsNoProcessOnACommonStack) { RunOnStack(8 << 20, ExpectTrees); }
 
 TEST(OracleDeepNesting, OfAThousandIsUnderstoodOnACommonStack) {
     const std::u16string open = Repeated(u"(", 1000);

@@ -142,7 +142,7 @@ double TimeOf(Do act) {
     return static_cast<double>(std::clock() - begun) / CLOCKS_PER_SEC;
 }
 
-// Each query is checked once: anew for every query that leads to it, this would take a thousand times as long as to
+// Each query is checked once: anew for every query that leads to it, this would take ten thousand times as long as to
 // read the texts.
 TEST_F(CatalogCheckTest, LongChainsAreCheckedInTheTimeThatTheirLengthNeeds) {
     constexpr int kMany = 300;
@@ -156,7 +156,7 @@ TEST_F(CatalogCheckTest, LongChainsAreCheckedInTheTimeThatTheirLengthNeeds) {
     const double reading = TimeOf([this] {
         for (const auto* query : database_.Queries()) ReadSources(*query);
     });
-    EXPECT_LT(TimeOf([this] { EXPECT_EQ(CheckCatalog(database_).faults, Lines()); }), 100 * reading);
+    EXPECT_LT(TimeOf([this] { EXPECT_EQ(CheckCatalog(database_).faults, Lines()); }), 1000 * reading);
 }
 
 TEST_F(CatalogCheckTest, AFaultIsToldOfAllThatReadItsQueryInWhateverOrderTheyStand) {
