@@ -4,6 +4,7 @@
 #include "QZParserSQL/dialect/GrammarTable.h"
 #include "QZParserSQL/dialect/Memory.h"
 #include "QZParserSQL/dialect/Token.h"
+#include "QZParserSQL/dialect/TreeView.h"
 
 namespace {
 
@@ -87,7 +88,10 @@ void QZFreeParser(const QZGrammar& grammar, void* parser) {
     if (parser != nullptr) grammar.freeParser(parser);
 }
 
-void QZReleaseMemory() { qz::Kept::ReleaseAllOfThread(); }
+void QZReleaseMemory() {
+    qz::Kept::ReleaseAllOfThread();
+    TreeView::ReleaseMemory();
+}
 
 std::size_t QZTokenCount(QZTokenStream* tokens) {
     tokens->tstream->istream->_LA(tokens->tstream->istream, 1);  // the first look fills the stream

@@ -15,15 +15,18 @@ CQZSQLTree* StateSelectQuery::ChildOf(CQZSQLTree& node, std::uint32_t index) {
 bool StateSelectQuery::IsOperatorNode(CQZSQLTree& node) const { return Has(m_Traits.operators, KindOf(&node)); }
 
 CString StateSelectQuery::JoinedTexts(CQZSQLTree& node) const {
+    const std::uint32_t count = node.GetChildCount();
+    if (count == 1) return node.GetChild(0)->GetText();
     CString text;
-    for (std::uint32_t index = 0; index < node.GetChildCount(); ++index) text += node.GetChild(index)->GetText();
+    for (std::uint32_t index = 0; index < count; ++index) text += node.GetChild(index)->GetText();
     return text;
 }
 
 CString StateSelectQuery::GetNodeText(CQZSQLTree& node) const {
     CString text = JoinedTexts(node);
     if (!m_Traits.backticks) text = WithoutQuotes(std::move(text));
-    return text.Trim();
+    text.Trim();
+    return text;
 }
 
 CString StateSelectQuery::NameAt(CQZSQLTree& node) const {

@@ -143,12 +143,15 @@ CString StateSelectQuery::AliasName(CQZSQLTree& node) const {
 }
 
 CString StateSelectQuery::AliasKey(CQZSQLTree& /*node*/, const CString& strName) const {
-    return WithoutQuotes(strName).MakeLower();
+    CString key = WithoutQuotes(strName);
+    key.MakeLower();
+    return key;
 }
 
 void StateSelectQuery::NameOrigin(CQZSQLTree& /*node*/, CQZAliasInfo& /*alias*/) const {}
 
 bool StateSelectQuery::IsAlias(const CString& strName, NameOf /*use*/) const {
+    if (m_pQuery->m_mapAliases.IsEmpty()) return false;
     CQZAliasInfo* alias = nullptr;
     return m_pQuery->m_mapAliases.Lookup(CString(strName).MakeLower(), alias);
 }

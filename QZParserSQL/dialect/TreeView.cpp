@@ -1,5 +1,63 @@
 #include "QZParserSQL/dialect/TreeView.h"
 
+#include <new>
+#include <utility>
+
+namespace {
+
+// Places of views, kept after the thread's objects have gone no more.
+class Places {
+ public:
+    Places() = default;
+    Places(const Places&) = delete;
+    Places& operator=(const Places&) = delete;
+    ~Places() {
+        Release();
+        m_nKept = kMostKept;
+    }
+
+    void* Take() {
+        if (m_pFirst == nullptr) return ::operator new(sizeof(TreeView));
+        --m_nKept;
+        return std::exchange(m_pFirst, m_pFirst->next);
+    }
+
+    void Put(void* place) {
+        if (m_nKept == kMostKept) return ::operator delete(place);
+        ++m_nKept;
+        m_pFirst = new (place) Place{m_pFirst};
+    }
+
+    void Release() {
+        while (m_pFirst != nullptr) ::operator delete(std::exchange(m_pFirst, m_pFirst->next));
+        m_nKept = 0;
+    }
+
+ private:
+    struct Place {
+        Place* next;
+    };
+
+    static constexpr std::size_t kMostKept = 1024 * 1024 / sizeof(TreeView);
+
+    Place* m_pFirst = nullptr;
+    std::size_t m_nKept = 0;
+};
+
+thread_local Places places;
+
+}  // namespace
+
+void* TreeView::operator new(std::size_t size) {
+    return size == sizeof(TreeView) ? places.Take() : ::operator new(size);
+}
+
+void TreeView::operator delete(void* place, std::size_t size) {
+    return size == sizeof(TreeView) ? places.Put(place) : ::operator delete(place);
+}
+
+void TreeView::ReleaseMemory() { places.Release(); }
+
 TreeView::TreeView(const QZGrammar& grammar) : m_Grammar(grammar) {}
 
 // A tree can be as deep as its text is long, so views go one by one and not each from within its parent.
@@ -15,10 +73,11 @@ TreeView::~TreeView() {
 }
 
 void TreeView::GiveChildrenTo(std::vector<TreeView*>& views) {
-    for (TreeView* view : m_ByIndex) {
+    if (m_First != nullptr) views.push_back(std::exchange(m_First, nullptr));
+    for (TreeView* view : m_Further) {
         if (view != nullptr) views.push_back(view);
     }
-    m_ByIndex.clear();
+    m_Further.clear();
     if (m_Children.IsEmpty()) return;
     CString key;
     void* view = nullptr;
@@ -30,7 +89,7 @@ void TreeView::GiveChildrenTo(std::vector<TreeView*>& views) {
 }
 
 CQZSQLTree* TreeView::GetChild(std::uint32_t index) {
-    if (index < m_ByIndex.size() && m_ByIndex[index] != nullptr) return m_ByIndex[index];
+    if (index <= m_Further.size() && ChildAt(index) != nullptr) return ChildAt(index);
     void* view = nullptr;
     if (!m_Children.IsEmpty() && m_Children.Lookup(CString::FromInt(index), view)) return static_cast<TreeView*>(view);
     return AddChild(index);
@@ -41,8 +100,8 @@ TreeView* TreeView::AddChild(std::uint32_t index) {
     const std::uint32_t count = GetChildCount();
     if (index < count) {
         view->SetNode(QZChildAt(m_pNode, index));
-        m_ByIndex.resize(count);
-        m_ByIndex[index] = view;
+        if (index > 0) m_Further.resize(count - 1);
+        ChildAt(index) = view;
     } else {
         m_Children.SetAt(CString::FromInt(index), view);
     }

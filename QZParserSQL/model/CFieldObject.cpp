@@ -5,4 +5,9 @@ CFieldObject::CFieldObject(const CFieldObject& other) = default;
 CFieldObject& CFieldObject::operator=(const CFieldObject& other) = default;
 CFieldObject::~CFieldObject() = default;
 
-CString CFieldObject::GetKey() const { return TableName + FieldName + u"_" + CString::FromInt(UnderAs); }
+CString CFieldObject::GetKey() const {
+    CString key = TableName + FieldName;
+    key += u'_';
+    key += CString::FromInt(UnderAs);
+    return key;
+}

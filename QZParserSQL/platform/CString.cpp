@@ -45,6 +45,21 @@ void MapEach(std::u16string& text, UChar32 (*mapping)(UChar32)) {
     }
 }
 
+bool IsAscii(char16_t unit) { return unit < 0x80; }
+
+bool IsWhiteSpace(char16_t unit) {
+    if (unit > u' ' && IsAscii(unit)) return false;
+    return kWhiteSpace.find(unit) != npos;
+}
+
+char16_t AsciiLower(char16_t unit) { return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 0x20) : unit; }
+
+// Cuts what is outside of [first, end).
+void Keep(std::u16string& text, std::size_t first, std::size_t end) {
+    text.resize(end);
+    text.erase(0, first);
+}
+
 // The units of a text after simple case folding, one by one.
 class FoldedUnits {
  public:
@@ -150,9 +165,21 @@ int CString::Replace(std::u16string_view from, std::u16string_view to) {
     return ToInt(count);
 }
 
-CString& CString::TrimLeft() { return TrimLeft(kWhiteSpace); }
-CString& CString::TrimRight() { return TrimRight(kWhiteSpace); }
-CString& CString::Trim() { return Trim(kWhiteSpace); }
+CString& CString::TrimLeft() {
+    std::size_t first = 0;
+    while (first < m_Text.size() && IsWhiteSpace(m_Text[first])) ++first;
+    Keep(m_Text, first, m_Text.size());
+    return *this;
+}
+
+CString& CString::TrimRight() {
+    std::size_t end = m_Text.size();
+    while (end > 0 && IsWhiteSpace(m_Text[end - 1])) --end;
+    Keep(m_Text, 0, end);
+    return *this;
+}
+
+CString& CString::Trim() { return TrimRight().TrimLeft(); }
 
 CString& CString::TrimLeft(char16_t unit) { return TrimLeft({&unit, 1}); }
 CString& CString::TrimRight(char16_t unit) { return TrimRight({&unit, 1}); }
@@ -168,15 +195,14 @@ CString& CString::TrimRight(std::u16string_view set) {
     return *this;
 }
 
-CString& CString::Trim(std::u16string_view set) {
-    const auto first = m_Text.find_first_not_of(set);
-    const auto last = m_Text.find_last_not_of(set);
-    m_Text = first == npos ? std::u16string() : m_Text.substr(first, last - first + 1);
-    return *this;
-}
+CString& CString::Trim(std::u16string_view set) { return TrimRight(set).TrimLeft(set); }
 
 CString& CString::MakeLower() {
-    MapEach(m_Text, u_tolower);
+    if (std::all_of(m_Text.begin(), m_Text.end(), IsAscii)) {
+        std::transform(m_Text.begin(), m_Text.end(), m_Text.begin(), AsciiLower);
+    } else {
+        MapEach(m_Text, u_tolower);
+    }
     return *this;
 }
 
@@ -186,8 +212,11 @@ CString& CString::MakeUpper() {
 }
 
 int CString::CompareNoCase(std::u16string_view other) const {
-    FoldedUnits ours(m_Text);
-    FoldedUnits theirs(other);
+    std::size_t same = 0;  // leading units that fold alike by themselves
+    const std::size_t most = std::min(m_Text.size(), other.size());
+    while (same < most && IsAscii(m_Text[same]) && AsciiLower(m_Text[same]) == AsciiLower(other[same])) ++same;
+    FoldedUnits ours(View().substr(same));
+    FoldedUnits theirs(other.substr(same));
     for (;;) {
         const int unit = ours.Next();
         const int difference = unit - theirs.Next();

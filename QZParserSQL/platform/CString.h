@@ -99,7 +99,12 @@ class QZ_API CString {
     CString& operator+=(int) = delete;
 
     /// Joined, or compared by the order of code units.
-    friend CString operator+(std::u16string_view left, std::u16string_view right) { return CString(left) += right; }
+    friend CString operator+(std::u16string_view left, std::u16string_view right) {
+        CString joined;
+        joined.m_Text.reserve(left.size() + right.size());
+        joined.m_Text.append(left).append(right);
+        return joined;
+    }
     friend bool operator==(std::u16string_view left, std::u16string_view right) { return left.compare(right) == 0; }
     friend bool operator!=(std::u16string_view left, std::u16string_view right) { return left.compare(right) != 0; }
     friend bool operator<(std::u16string_view left, std::u16string_view right) { return left.compare(right) < 0; }
