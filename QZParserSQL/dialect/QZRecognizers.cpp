@@ -4,6 +4,7 @@
 #include "QZParserSQL/dialect/GrammarTable.h"
 #include "QZParserSQL/dialect/Memory.h"
 #include "QZParserSQL/dialect/Token.h"
+#include "QZParserSQL/dialect/recognizer.h"
 
 namespace {
 
@@ -90,7 +91,7 @@ void QZFreeParser(const QZGrammar& grammar, void* parser) {
 void QZReleaseMemory() { qz::Kept::ReleaseAllOfThread(); }
 
 std::size_t QZTokenCount(QZTokenStream* tokens) {
-    tokens->tstream->istream->_LA(tokens->tstream->istream, 1);  // the first look fills the stream
+    qzFillStream(tokens);
     return tokens->tokens->count;
 }
 
