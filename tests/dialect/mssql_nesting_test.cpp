@@ -19,7 +19,7 @@ std::vector<Nesting> Nestings() {
         {"CASE", u"SELECT " + AMegabyteOf(u"CASE WHEN a=1 THEN ")},
         {"subqueries", u"SELECT " + AMegabyteOf(u"(SELECT a FROM ")},
         {"functions", u"SELECT " + AMegabyteOf(u"f(")},
-        {"unions", AMegabyteOf(u"SELECT a UNION ") + u"SELECT a"},
+        {"unions", Repeated(u"SELECT a UNION ", 20000) + u"SELECT a"},
         {"joins", u"SELECT a FROM " + AMegabyteOf(u"a INNER JOIN (")},
     };
 }

@@ -21,7 +21,7 @@ std::vector<Nesting> Nestings() {
         {"subqueries", u"SELECT " + AMegabyteOf(u"(SELECT a FROM ")},
         {"derived tables", u"SELECT a FROM " + AMegabyteOf(u"(SELECT a FROM ")},
         {"functions", u"SELECT " + AMegabyteOf(u"ABS(")},
-        {"unions", AMegabyteOf(u"SELECT a UNION ") + u"SELECT a"},
+        {"unions", Repeated(u"SELECT a UNION ", 20000) + u"SELECT a"},
         {"joins", u"SELECT a FROM " + AMegabyteOf(u"a INNER JOIN (")},
         {"joins in a row", u"SELECT a FROM t" + Repeated(u" JOIN u ON a = b", 100000)},
     };

@@ -22,7 +22,7 @@ std::vector<Nesting> Nestings() {
         {"IIF", u"SELECT " + AMegabyteOf(u"IIF(a=1,2,")},
         {"subqueries", u"SELECT " + AMegabyteOf(u"(SELECT a FROM ")},
         {"functions", u"SELECT " + AMegabyteOf(u"f(")},
-        {"unions", AMegabyteOf(u"SELECT a UNION ") + u"SELECT a"},
+        {"unions", Repeated(u"SELECT a UNION ", 20000) + u"SELECT a"},
         {"joins", u"SELECT a FROM " + AMegabyteOf(u"a INNER JOIN (")},
     };
 }

@@ -24,7 +24,7 @@ std::vector<Nesting> Nestings() {
         {"IN subqueries", u"SELECT a FROM t" + AMegabyteOf(u" WHERE a IN (SELECT a FROM t")},
         {"functions", u"SELECT " + AMegabyteOf(u"NVL(")},
         {"user functions", u"SELECT " + AMegabyteOf(u"f(")},
-        {"unions", AMegabyteOf(u"SELECT a UNION ") + u"SELECT a"},
+        {"unions", Repeated(u"SELECT a UNION ", 20000) + u"SELECT a"},
         {"joins", u"SELECT a FROM " + AMegabyteOf(u"a INNER JOIN (")},
         {"joins in a row", u"SELECT a FROM t" + Repeated(u" JOIN u ON a = b", 100000)},
     };

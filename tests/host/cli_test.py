@@ -374,7 +374,7 @@ class Batch(CommandLine):
         lines = [
             '{"id":' + "[" * depth + "]" * depth + ',"sql":"SELECT a"}',
             '{"id":2,"x":' + "[" * depth,
-            '{"id":3,"sql":"SELECT a' + " " * 900_000 + 'FROM t"}',
+            '{"id":3,"sql":"SELECT a' + " " * 300_000 + 'FROM t"}',
         ]
         out = self.results("batch", "-d", "access", "--emit", "tree", "-j", "4", code=NOT_CLEAN, stdin="\n".join(lines))
         answers = out.splitlines()
