@@ -195,22 +195,26 @@ void RegisterQueries(const Dialect& dialect) {
     for (const Query& query : queries) {
         if (!IsClean(dialect, query.text)) continue;
         const std::string name = std::string(dialect.name) + "/" + query.name;
-        benchmark::RegisterBenchmark(("Query/" + name).c_str(), [&dialect, query](State& state) {
-            OneQuery(state, dialect, query);
-        })->MinTime(0.02)->Repetitions(3)->Unit(benchmark::kMicrosecond);
+        benchmark::RegisterBenchmark(("Query/" + name).c_str(),
+                                     [&dialect, query](State& state) { OneQuery(state, dialect, query); })
+            ->MinTime(0.02)
+            ->Repetitions(3)
+            ->Unit(benchmark::kMicrosecond);
 #ifdef QZ_WITH_PG_QUERY
         if (!PgQueryAccepts(query.utf8)) continue;
         benchmark::RegisterBenchmark(("PgQuery/" + name).c_str(), [query](State& state) { PgQuery(state, query); })
-            ->MinTime(0.02)->Repetitions(3)->Unit(benchmark::kMicrosecond);
+            ->MinTime(0.02)
+            ->Repetitions(3)
+            ->Unit(benchmark::kMicrosecond);
 #endif
     }
 }
 
 void RegisterGrowth(const Dialect& dialect) {
     for (const Shape& shape : Shapes()) {
-        auto* growth = benchmark::RegisterBenchmark(
-            ("Growth/" + std::string(dialect.name) + "/" + shape.name).c_str(),
-            [&dialect, &shape](State& state) { Growth(state, dialect, shape); });
+        auto* growth =
+            benchmark::RegisterBenchmark(("Growth/" + std::string(dialect.name) + "/" + shape.name).c_str(),
+                                         [&dialect, &shape](State& state) { Growth(state, dialect, shape); });
         for (std::int64_t size = shape.largest; size > shape.largest / 64 && size > 1; size /= 2) growth->Arg(size);
         growth->MinTime(0.05)->Unit(benchmark::kMillisecond);
     }
@@ -219,10 +223,12 @@ void RegisterGrowth(const Dialect& dialect) {
 void RegisterAll() {
     for (const Dialect& dialect : kDialects) {
         const std::string name = dialect.name;
-        benchmark::RegisterBenchmark(("Corpus/" + name).c_str(), [&](State& state) { Corpora(state, dialect); })
-            ->Unit(benchmark::kMicrosecond);
-        benchmark::RegisterBenchmark(("Large/" + name).c_str(), [&](State& state) { Large(state, dialect); })
-            ->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark(("Corpus/" + name).c_str(), [&](State& state) {
+            Corpora(state, dialect);
+        })->Unit(benchmark::kMicrosecond);
+        benchmark::RegisterBenchmark(("Large/" + name).c_str(), [&](State& state) {
+            Large(state, dialect);
+        })->Unit(benchmark::kMillisecond);
         benchmark::RegisterBenchmark(("Memory/query/" + name).c_str(), [&](State& state) {
             Memory(state, dialect, CommonQuery().text);
         })->Iterations(3);

@@ -15,8 +15,8 @@ struct alignas(std::max_align_t) Chunk {
     std::size_t made;  // of a pool: how many of its objects have been made
 };
 
-/// The chunks that a thread keeps, of one kind of use: as much as its last recognizers needed, which is forgotten by and
-/// by, and a little at least.
+/// The chunks that a thread keeps, of one kind of use: as much as its last recognizers needed, which is forgotten by
+/// and by, and a little at least.
 class Kept {
  public:
     static constexpr std::size_t kLeastBytes = std::size_t{1} * 1024 * 1024;

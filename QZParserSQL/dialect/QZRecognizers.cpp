@@ -5,6 +5,7 @@
 #include "QZParserSQL/dialect/Memory.h"
 #include "QZParserSQL/dialect/Token.h"
 #include "QZParserSQL/dialect/TreeView.h"
+#include "QZParserSQL/dialect/recognizer.h"
 
 namespace {
 
@@ -94,7 +95,7 @@ void QZReleaseMemory() {
 }
 
 std::size_t QZTokenCount(QZTokenStream* tokens) {
-    tokens->tstream->istream->_LA(tokens->tstream->istream, 1);  // the first look fills the stream
+    qzFillStream(tokens);
     return tokens->tokens->count;
 }
 

@@ -109,8 +109,8 @@ QZ_API void QZFreeLexer(const QZGrammar& grammar, void* lexer);
 QZ_API void QZFreeParser(const QZGrammar& grammar, void* parser);
 
 /// Gives back the memory that the calling thread keeps from freed recognizers for its next ones. It keeps 4 MB, after a
-/// large text what that needed, at most 256 MB; with each smaller text thereafter it keeps less. A thread that ends gives
-/// all back by itself.
+/// large text what that needed, at most 256 MB; with each smaller text thereafter it keeps less. A thread that ends
+/// gives all back by itself.
 QZ_API void QZReleaseMemory();
 
 /// A token as the lexer gave it. `text` points into the query.

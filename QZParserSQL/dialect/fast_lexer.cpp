@@ -1,10 +1,12 @@
 // What fast lexers do beside matching: they make tokens out of memory of their own and drive the rules.
+#include "QZParserSQL/dialect/fast_lexer.h"
+
 #include <cstddef>
+#include <cstdlib>
 #include <cstring>
 #include <new>
 
 #include "QZParserSQL/dialect/Pool.h"
-#include "QZParserSQL/dialect/fast_lexer.h"
 #include "QZParserSQL/dialect/recognizer.h"
 
 namespace {
@@ -117,7 +119,51 @@ Token NextToken(pANTLR3_TOKEN_SOURCE source) {
     }
 }
 
+// Whether the stream takes the tokens as they come.
+bool TakesAll(const ANTLR3_COMMON_TOKEN_STREAM& stream) {
+    return stream.discardSet == nullptr && stream.channelOverrides == nullptr &&
+           stream.discardOffChannel == ANTLR3_FALSE && stream.tstream->tokenSource->nextToken == NextToken;
+}
+
+// Room for as many tokens as the text will have, more or less; the vector can grow and frees it.
+void Reserve(ANTLR3_VECTOR& tokens, const ANTLR3_INPUT_STREAM& input) {
+    constexpr ANTLR3_UINT32 kBytesOfToken = 6;
+    const ANTLR3_UINT32 count = input.sizeBuf / kBytesOfToken;
+    if (tokens.count > 0 || count <= tokens.elementsSize) return;
+    void* room = std::malloc(count * sizeof(ANTLR3_VECTOR_ELEMENT));
+    if (room == nullptr) return;
+    tokens.elements = static_cast<pANTLR3_VECTOR_ELEMENT>(room);
+    tokens.elementsSize = count;
+}
+
+void AddToken(ANTLR3_VECTOR& tokens, Token token) {
+    token->index = tokens.count;
+    if (tokens.count == tokens.elementsSize) {
+        tokens.add(&tokens, token, nullptr);
+    } else {
+        tokens.elements[tokens.count++] = {token, nullptr};
+    }
+}
+
 }  // namespace
+
+void qzFillStream(pANTLR3_COMMON_TOKEN_STREAM stream) {
+    if (stream->p != -1) return;
+    if (!TakesAll(*stream)) {
+        stream->tstream->_LT(stream->tstream, 1);  // the first look fills the stream
+        return;
+    }
+    const auto source = stream->tstream->tokenSource;
+    auto& tokens = *stream->tokens;
+    Reserve(tokens, *static_cast<pANTLR3_LEXER>(source->super)->input);
+    ANTLR3_INT32 first = -1;
+    for (Token token = NextToken(source); token->type != ANTLR3_TOKEN_EOF; token = NextToken(source)) {
+        if (first < 0 && token->channel == stream->channel) first = static_cast<ANTLR3_INT32>(tokens.count);
+        AddToken(tokens, token);
+    }
+    stream->tstream->istream->cachedSize = tokens.count;
+    stream->p = first < 0 ? static_cast<ANTLR3_INT32>(tokens.count) : first;
+}
 
 pANTLR3_LEXER qzFastLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input,
                              pANTLR3_RECOGNIZER_SHARED_STATE state) {

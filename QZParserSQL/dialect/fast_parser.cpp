@@ -5,7 +5,7 @@
 #include <new>
 #include <utility>
 
-#include "QZParserSQL/dialect/FastParser.h"
+#include "QZParserSQL/dialect/FastRecognition.h"
 #include "QZParserSQL/dialect/recognizer.h"
 #include "QZParserSQL/platform/Stack.h"
 
@@ -35,7 +35,7 @@ Element* NewCleared(FastParser& parser, std::size_t count) {
 }
 
 void ReadTokens(FastParser& parser) {
-    parser.parser.tstream->_LT(parser.parser.tstream, 1);  // the first look fills the stream
+    qzFillStream(StreamOf(parser));
     const auto& stream = *StreamOf(parser);
     const ANTLR3_UINT32 all = stream.tokens->count;
     auto* types = static_cast<ANTLR3_UINT32*>(parser.memory.Take((all + kEndTokens) * sizeof(ANTLR3_UINT32)));
@@ -102,11 +102,11 @@ void FreeParser(pANTLR3_PARSER runtimeParser) {
 
 }  // namespace
 
-// ------------------------------------------------------------------------------------------ called by generated parsers
+// ------------------------------------------------------------------------------------------ called by generated
+// parsers
 
 pANTLR3_PARSER qzFastParserNew(ANTLR3_UINT32 sizeHint, pANTLR3_TOKEN_STREAM tokens,
-                               pANTLR3_RECOGNIZER_SHARED_STATE state, ANTLR3_UINT32 rules,
-                               ANTLR3_UINT32 tokenTypes) {
+                               pANTLR3_RECOGNIZER_SHARED_STATE state, ANTLR3_UINT32 rules, ANTLR3_UINT32 tokenTypes) {
     void* memory = std::malloc(sizeof(FastParser));  // the runtime frees it
     const auto made = memory == nullptr ? nullptr : antlr3ParserNewStream(sizeHint, tokens, state);
     if (made == nullptr) {

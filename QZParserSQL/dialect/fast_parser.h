@@ -23,8 +23,9 @@ struct QZFollow {
 };
 
 /* A parser of the runtime and beside it what its rules look at. Of `types` and `tokens` three at the end stand for the
- * end of the text. `results` holds a byte for each rule at each place, of the places that are `cleared`: 0 for none yet, 1 for failure, the number of tokens
- * read + 2, or QZ_FAR where these are more; then `ends` holds the places behind the rule.
+ * end of the text. `results` holds a byte for each rule at each place, of the places that are `cleared`: 0 for none
+ * yet, 1 for failure, the number of tokens read + 2, or QZ_FAR where these are more; then `ends` holds the places
+ * behind the rule.
  */
 struct QZFastParser {
     ANTLR3_PARSER parser;
@@ -44,8 +45,7 @@ struct QZFastParser {
 #define QZ_FAR 255
 
 pANTLR3_PARSER qzFastParserNew(ANTLR3_UINT32 sizeHint, pANTLR3_TOKEN_STREAM tokens,
-                               pANTLR3_RECOGNIZER_SHARED_STATE state, ANTLR3_UINT32 rules,
-                               ANTLR3_UINT32 tokenTypes);
+                               pANTLR3_RECOGNIZER_SHARED_STATE state, ANTLR3_UINT32 rules, ANTLR3_UINT32 tokenTypes);
 /* What a parser's context is given in place of factories; they belong to the parser. */
 pANTLR3_BASE_TREE_ADAPTOR qzTreeAdaptorOf(pANTLR3_PARSER parser);
 pANTLR3_VECTOR_FACTORY qzVectorFactoryOf(pANTLR3_PARSER parser);

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstring>
 
-#include "QZParserSQL/dialect/FastParser.h"
+#include "QZParserSQL/dialect/FastRecognition.h"
 #include "QZParserSQL/dialect/recognizer.h"
 
 namespace {

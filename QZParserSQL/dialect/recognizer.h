@@ -28,6 +28,9 @@ pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pAN
 pANTLR3_INT_TRIE qzRuleMemoNew(pANTLR3_PARSER parser, ANTLR3_UINT32 rules, ANTLR3_UINT32 repeatedRule,
                                ANTLR3_UINT32 exactToken, ANTLR3_UINT32 openingToken);
 
+/* Asks the lexer for all tokens, where that has not been done. */
+void qzFillStream(pANTLR3_COMMON_TOKEN_STREAM stream);
+
 /* What the fast recognizers have instead of the runtime's. */
 pANTLR3_LEXER qzFastLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pANTLR3_RECOGNIZER_SHARED_STATE state);
 
@@ -55,8 +58,7 @@ pANTLR3_BASE_TREE qzWholeTree(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_BASE_TR
 #else
 #define ANTLR3_TREE_ADAPTORNew(strings) qzTreeAdaptorOf(ctx->pParser)
 #define antlr3VectorFactoryNew(hint) qzVectorFactoryOf(ctx->pParser)
-#define antlr3ParserNewStream(hint, tokens, state) \
-    qzFastParserNew(hint, tokens, state, QZ_RULES, QZ_TOKEN_TYPES)
+#define antlr3ParserNewStream(hint, tokens, state) qzFastParserNew(hint, tokens, state, QZ_RULES, QZ_TOKEN_TYPES)
 #endif
 #define antlr3LexerNewStream(hint, input, state) qzLexerNew(hint, input, state)
 #define antlr3IntTrieNew(depth) \

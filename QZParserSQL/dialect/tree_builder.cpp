@@ -111,3 +111,7 @@ pANTLR3_BASE_TREE qzWholeTree(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_BASE_TR
     AppendAllOf(whole, root);
     return whole;
 }
+
+void qzFillStream(pANTLR3_COMMON_TOKEN_STREAM stream) {
+    stream->tstream->_LT(stream->tstream, 1);  // the first look fills the stream
+}
