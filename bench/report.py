@@ -7,6 +7,7 @@ picture.
 
 import json
 import math
+import os
 import subprocess
 import sys
 import tempfile
@@ -52,10 +53,11 @@ def counters(rows: list[dict], name: str) -> dict:
 
 
 def exponent(points: list[tuple[float, float]]) -> float:
-    """The slope of a straight line through the logarithms, over the larger half of the sizes."""
-    half = [(math.log(x), math.log(y)) for x, y in sorted(points)[len(points) // 2 - 1:]]
-    mean_x, mean_y = (sum(values) / len(half) for values in zip(*half))
-    return sum((x - mean_x) * (y - mean_y) for x, y in half) / sum((x - mean_x) ** 2 for x, _ in half)
+    """The slope of the straight line through the logarithms."""
+    logarithms = [(math.log(x), math.log(y)) for x, y in points]
+    mean_x, mean_y = (sum(values) / len(logarithms) for values in zip(*logarithms))
+    return (sum((x - mean_x) * (y - mean_y) for x, y in logarithms)
+            / sum((x - mean_x) ** 2 for x, _ in logarithms))
 
 
 def growth(rows: list[dict], dialect: str) -> dict[str, dict]:
@@ -65,14 +67,17 @@ def growth(rows: list[dict], dialect: str) -> dict[str, dict]:
         if parts[:2] == ["Growth", dialect]:
             points[parts[2]].append((float(parts[3]), microseconds(row)))
     return {shape: {"points": sorted(at), "exponent": exponent(at),
-                    "last_doubling": sorted(at)[-1][1] / sorted(at)[-2][1]} for shape, at in points.items()}
+                    "worst_doubling": max(b[1] / a[1] for a, b in zip(sorted(at), sorted(at)[1:]))}
+            for shape, at in points.items()}
 
 
 def peer_times(peer: str, dialect: str, names: list[str], texts: dict[str, str]) -> dict[str, float] | None:
+    environment = {**os.environ, "NODE_PATH": os.environ.get("NODE_PATH", str(BENCH.parent / "build/peers/node_modules"))}
     task = json.dumps({"dialect": dialect, "queries": {name: texts[name] for name in names}})
     for command in PEERS[peer]:
         try:
-            run = subprocess.run([str(part) for part in command], input=task, capture_output=True, text=True, check=True)
+            run = subprocess.run([str(part) for part in command], input=task, capture_output=True, text=True, check=True,
+                                 env=environment)
             return json.loads(run.stdout)
         except (OSError, subprocess.CalledProcessError):
             continue
@@ -146,10 +151,11 @@ def text_table(table: dict) -> str:
     for peer in table["access"]["peers"]:
         row("  " + peer, lambda d, peer=peer: f"{d['peers'][peer]['ratio']:.1f} ({d['peers'][peer]['queries']})"
             if isinstance(d["peers"].get(peer), dict) else "-")
-    lines += [f"  {peer}: {found}" for peer, found in table["access"]["peers"].items() if found == "missing"]
-    lines.append("growth: exponent (last doubling)")
+    lines += [f"  {peer}: missing" for peer in table["access"]["peers"]
+              if all(table[dialect]["peers"].get(peer) == "missing" for dialect in DIALECTS)]
+    lines.append("growth: exponent (worst doubling)")
     for shape in table["access"]["growth"]:
-        row("  " + shape, lambda d, shape=shape: f"{d['growth'][shape]['exponent']:.2f} ({d['growth'][shape]['last_doubling']:.2f})")
+        row("  " + shape, lambda d, shape=shape: f"{d['growth'][shape]['exponent']:.2f} ({d['growth'][shape]['worst_doubling']:.2f})")
     model = table["access"]["model"]
     lines.append(f"model of MS Access, microseconds: build {shown(model['build_us'])}, resolution {shown(model['resolution_us'])}")
     return "\n".join(lines)
