@@ -31,6 +31,9 @@ struct FastParser : QZFastParser {
     Vectors vectors{};
     pANTLR3_COMMON_TOKEN* imaginary = nullptr;  // one token for each type, made when it is first needed
     ANTLR3_UINT32 tokenTypes = 0;
+    ANTLR3_BITWORD* unions = nullptr;  // of the first 1, 2, 3... of the runtime's follow sets, as far as they are known
+    ANTLR3_UINT32 unionCount = 0;
+    ANTLR3_UINT32 unionRoom = 0;
     void (*freeParser)(pANTLR3_PARSER parser) = nullptr;
 };
 

@@ -74,21 +74,68 @@ void FollowStream(QZFastParser& parser) {
 
 // ---------------------------------------------------------------------------------------------------------- the errors
 
-void PushFollowSets(pANTLR3_STACK stack, const QZFollow* innermost) {
-    for (const QZFollow* follow = innermost; follow != nullptr; follow = follow->around) {
-        stack->push(stack, follow->set, nullptr);
-    }
-    auto& vector = *stack->vector;
-    for (ANTLR3_UINT32 i = 0, j = vector.count; i + 1 < j; ++i) std::swap(vector.elements[i], vector.elements[--j]);
-    if (vector.count > 0) stack->top = vector.elements[vector.count - 1].element;
-}
-
-// Tells the runtime what it would know if the tool's own macros had been at work.
+// Tells the runtime what it would know if the tool's own macros had been at work. Of its follow sets those stay that
+// are still the same, so that errors all the way out of a deep text don't cost its depth each.
 void InformRuntime(QZFastParser& parser) {
     MoveStream(parser, parser.place);
     const auto stack = parser.state->following;
-    while (stack->size(stack) > 0) stack->pop(stack);
-    PushFollowSets(stack, parser.follow);
+    QZFollow* same = parser.follow;
+    while (same != nullptr && same->known == 0) same = same->around;
+    const ANTLR3_UINT32 kept = same == nullptr ? 0 : same->known;
+    while (stack->size(stack) > kept) stack->pop(stack);
+    auto& unionCount = FastParser::Of(&parser.parser).unionCount;
+    unionCount = std::min(unionCount, kept);
+
+    for (QZFollow* follow = parser.follow; follow != same; follow = follow->around) {
+        stack->push(stack, follow->set, nullptr);
+    }
+    auto& vector = *stack->vector;
+    std::reverse(vector.elements + kept, vector.elements + vector.count);
+    ANTLR3_UINT32 place = vector.count;
+    for (QZFollow* follow = parser.follow; follow != same; follow = follow->around) follow->known = place--;
+    if (vector.count > 0) stack->top = vector.elements[vector.count - 1].element;
+}
+
+ANTLR3_UINT32 WordsOfUnion(const FastParser& parser) { return parser.tokenTypes / ANTLR3_BITSET_BITS + 1; }
+
+ANTLR3_BITWORD* UnionOf(const FastParser& parser, ANTLR3_UINT32 sets) {
+    return parser.unions + std::size_t{sets - 1} * WordsOfUnion(parser);
+}
+
+void MakeRoomForUnions(FastParser& parser, ANTLR3_UINT32 sets) {
+    if (sets <= parser.unionRoom) return;
+    const std::size_t size = WordsOfUnion(parser) * sizeof(ANTLR3_BITWORD);
+    parser.unionRoom = 2 * sets;
+    auto* unions = static_cast<ANTLR3_BITWORD*>(parser.memory.Take(parser.unionRoom * size));
+    if (parser.unionCount > 0) std::memcpy(unions, parser.unions, parser.unionCount * size);
+    parser.unions = unions;
+}
+
+void AddUnion(FastParser& parser, const ANTLR3_BITSET_LIST& added) {
+    const ANTLR3_UINT32 words = WordsOfUnion(parser);
+    ANTLR3_BITWORD* next = UnionOf(parser, parser.unionCount + 1);
+    if (parser.unionCount == 0) {
+        std::fill_n(next, words, 0);
+    } else {
+        std::copy_n(UnionOf(parser, parser.unionCount), words, next);
+    }
+    for (ANTLR3_UINT32 word = 0; word < std::min(words, added.length); ++word) next[word] |= added.bits[word];
+    ++parser.unionCount;
+}
+
+// All that may follow the rules around, where the runtime's recovery goes on. It frees the set.
+pANTLR3_BITSET FollowOfAllRules(pANTLR3_BASE_RECOGNIZER recognizer) {
+    auto& parser = FastParser::Of(recognizer->super);
+    const auto stack = parser.state->following;
+    const ANTLR3_UINT32 sets = stack->size(stack);
+    MakeRoomForUnions(parser, sets);
+    while (parser.unionCount < sets) {
+        AddUnion(parser, *static_cast<pANTLR3_BITSET_LIST>(stack->get(stack, parser.unionCount)));
+    }
+    const ANTLR3_UINT32 words = WordsOfUnion(parser);
+    const auto all = antlr3BitsetNew(words * ANTLR3_BITSET_BITS);
+    if (sets > 0) std::copy_n(UnionOf(parser, sets), words, all->blist.bits);
+    return all;
 }
 
 void FreeParser(pANTLR3_PARSER runtimeParser) {
@@ -117,6 +164,7 @@ pANTLR3_PARSER qzFastParserNew(ANTLR3_UINT32 sizeHint, pANTLR3_TOKEN_STREAM toke
     parser.parser = *made;
     std::free(made);
     parser.parser.rec->super = &parser.parser;
+    parser.parser.rec->computeErrorRecoverySet = FollowOfAllRules;
     parser.state = parser.parser.rec->state;
     parser.rules = rules;
     parser.tokenTypes = tokenTypes;

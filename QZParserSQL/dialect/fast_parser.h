@@ -19,6 +19,7 @@ extern "C" {
 /* The rules that are being read outside of guesses, the innermost first: what may follow each of them. */
 struct QZFollow {
     struct QZFollow* around;
+    ANTLR3_UINT32 known; /* its place in the runtime's stack, from 1; 0 while it isn't there */
     pANTLR3_BITSET_LIST set;
 };
 

@@ -20,7 +20,7 @@
 /* The two stand around one call. */
 #define FOLLOWPUSH(set)                                 \
     {                                                   \
-        struct QZFollow follow = {QZP->follow, &(set)}; \
+        struct QZFollow follow = {QZP->follow, 0, &(set)}; \
         QZP->follow = &follow;
 #define FOLLOWPOP()              \
     QZP->follow = follow.around; \
