@@ -38,7 +38,8 @@ class Stages {
     Stages() { std::fill(std::begin(m_Least), std::end(m_Least), Clock::duration::max()); }
 
     void Run(const Dialect& dialect, const std::u16string& seen) {
-        const std::u16string text = seen;
+        std::u16string text;
+        text.assign(seen);
         auto road = std::make_unique<Road>(dialect, text);
         m_Last = Clock::now();
         road->Lex();
@@ -102,7 +103,8 @@ void Corpora(State& state, const Dialect& dialect) {
 }
 
 void Whole(const Dialect& dialect, const std::u16string& seen) {
-    const std::u16string text = seen;
+    std::u16string text;
+    text.assign(seen);
     Road road(dialect, text);
     road.Lex();
     benchmark::DoNotOptimize(road.Parse());
@@ -130,7 +132,8 @@ bool PgQueryAccepts(const std::string& text) {
 
 void PgQuery(State& state, const Query& query) {
     while (state.KeepRunning()) {
-        const std::string text = query.utf8;
+        std::string text;
+        text.assign(query.utf8);
         const PgQueryParseResult result = pg_query_parse(text.c_str());
         benchmark::DoNotOptimize(result.parse_tree);
         pg_query_free_parse_result(result);

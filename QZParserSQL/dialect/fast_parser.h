@@ -84,15 +84,15 @@ pANTLR3_BASE_TREE qzBecomeRoot(struct QZFastParser* parser, pANTLR3_BASE_TREE ro
 static inline struct ANTLR3_COMMON_TREE_struct* qzNodeOf(pANTLR3_BASE_TREE tree) {
     return (struct ANTLR3_COMMON_TREE_struct*)((char*)tree - offsetof(ANTLR3_COMMON_TREE, baseTree));
 }
-static inline int qzIsList(pANTLR3_BASE_TREE tree) { return qzNodeOf(tree)->token == NULL; }
+static inline int qzIsList(pANTLR3_BASE_TREE tree) { return !qzNodeOf(tree)->token; }
 static inline int qzIsOne(pANTLR3_BASE_TREE tree) { return ((size_t)tree & 1) != 0; }
 static inline pANTLR3_BASE_TREE qzOne(pANTLR3_BASE_TREE node) { return (pANTLR3_BASE_TREE)((char*)node + 1); }
 static inline pANTLR3_BASE_TREE qzOnly(pANTLR3_BASE_TREE one) { return (pANTLR3_BASE_TREE)((char*)one - 1); }
 
 static inline pANTLR3_BASE_TREE qzAddChild(struct QZFastParser* parser, pANTLR3_BASE_TREE tree,
                                            pANTLR3_BASE_TREE added) {
-    if (added == NULL) return tree;
-    if (tree != NULL) return qzJoin(parser, tree, added);
+    if (!added) return tree;
+    if (tree) return qzJoin(parser, tree, added);
     return qzIsList(added) ? added : qzOne(added);
 }
 

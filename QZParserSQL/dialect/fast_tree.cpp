@@ -189,7 +189,7 @@ pANTLR3_BASE_TREE qzTokenNode(QZFastParser* parser, pANTLR3_COMMON_TOKEN token) 
 pANTLR3_BASE_TREE qzImaginaryNode(QZFastParser* fast, ANTLR3_UINT32 type) {
     auto& parser = FastParser::Of(fast);
     if (parser.imaginary == nullptr) {
-        const std::size_t size = parser.tokenTypes * sizeof *parser.imaginary;
+        const std::size_t size = parser.tokenTypes * sizeof(void*);
         parser.imaginary = static_cast<pANTLR3_COMMON_TOKEN*>(std::memset(parser.memory.Take(size), 0, size));
     }
     auto& token = parser.imaginary[type];
