@@ -38,7 +38,7 @@ class Places {
         Place* next;
     };
 
-    static constexpr std::size_t kMostKept = 1024 * 1024 / sizeof(TreeView);
+    static constexpr std::size_t kMostKept = std::size_t{1} * 1024 * 1024 / sizeof(TreeView);
 
     Place* m_pFirst = nullptr;
     std::size_t m_nKept = 0;
@@ -48,6 +48,7 @@ thread_local Places places;
 
 }  // namespace
 
+// NOLINTNEXTLINE(cert-dcl54-cpp,misc-new-delete-overloads): its delete is next
 void* TreeView::operator new(std::size_t size) {
     return size == sizeof(TreeView) ? places.Take() : ::operator new(size);
 }
