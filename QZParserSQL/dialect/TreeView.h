@@ -22,8 +22,8 @@ class TreeView : public CQZSQLTree {
 
     /// Views come and go in great numbers: those of a tree that has gone are kept, up to a bound, for the thread's
     /// next.
-    static void* operator new(
-        std::size_t size);  // NOLINT(cert-dcl54-cpp,misc-new-delete-overloads): its delete is next
+    // NOLINTNEXTLINE(cert-dcl54-cpp,misc-new-delete-overloads): its delete is next
+    static void* operator new(std::size_t size);
     static void operator delete(void* place, std::size_t size);
     /// Gives back what the calling thread keeps.
     static void ReleaseMemory();
