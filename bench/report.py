@@ -119,7 +119,7 @@ def measured(rows: list[dict], common: str) -> dict:
             "growth": growth(rows, dialect),
         }
     model = counters(rows, "Model/access")
-    table["access"]["model"] = {key: model.get(key) for key in ["build_us", "resolution_us"]}
+    table["access"]["model"] = {key: model.get(key) for key in ["parse_us", "build_us", "resolution_us"]}
     return table
 
 
@@ -157,7 +157,7 @@ def text_table(table: dict) -> str:
     for shape in table["access"]["growth"]:
         row("  " + shape, lambda d, shape=shape: f"{d['growth'][shape]['exponent']:.2f} ({d['growth'][shape]['worst_doubling']:.2f})")
     model = table["access"]["model"]
-    lines.append(f"model of MS Access, microseconds: build {shown(model['build_us'])}, resolution {shown(model['resolution_us'])}")
+    lines.append("model of MS Access, microseconds: " + ", ".join(f"{key[:-3]} {shown(value)}" for key, value in model.items()))
     return "\n".join(lines)
 
 

@@ -31,7 +31,7 @@ function(qz_recognizers grammar_file)
         target_include_directories(${library} PRIVATE ${PROJECT_SOURCE_DIR} ${ANTLR3C_INCLUDE_DIR} ${out})
         target_compile_options(${library} PRIVATE -w -Werror=implicit-function-declaration
             -fno-var-tracking  # takes minutes in functions of this size
-            $<$<CONFIG:Release,RelWithDebInfo>:-O3>)
+            $<$<CONFIG:Release,RelWithDebInfo>:${QZ_RECOGNIZER_OPTIONS}>)
         target_compile_definitions(${library} PRIVATE QZ_BUILDING_LIBRARY)
         set_target_properties(${library} PROPERTIES POSITION_INDEPENDENT_CODE ON)
     endforeach()
