@@ -85,6 +85,7 @@ TEST_F(Growth, OfUnclosedNestingIsLinear) {
         {"unclosed chains", 500, 1, u"SELECT a FROM t WHERE a", u" AND (b OR c", u"", u""},
         {"unclosed joins", 500, 1, u"SELECT a FROM ", u"(", u"a INNER JOIN b ON x = y", u""},
         {"unclosed CASE", 500, 1, u"SELECT ", u"CASE WHEN a = 1 THEN ", u"2 FROM t", u"", false},
+        {"CASE cut at its end", 1000, 1, u"SELECT ", u"CASE WHEN a = 1 THEN ", u"", u"", false},
         {"unclosed functions", 500, 1, u"SELECT ", u"CONCAT(a, ", u"b FROM t", u""},
         {"unclosed subqueries", 500, 1, u"SELECT ", u"(SELECT a FROM ", u"t", u""},
         {"unclosed names", 500, 1, u"SELECT ", u"`a b` ", u"` FROM t", u"", false},
