@@ -159,7 +159,8 @@ void Memory(State& state, const Dialect& dialect, const std::u16string& text) {
     state.counters["bytes_a_token"] = static_cast<double>(bytes) / static_cast<double>(tokens);
 }
 
-// The model of MS Access: the parse alone, the build with its own parse and walks, and the resolution. Least times, as above.
+// The model of MS Access: the parse alone, the build with its own parse and walks, and the resolution. Least times, as
+// above.
 void Model(State& state) {
     const auto queries = Corpus("access");
     const QZReporter reporter{[](void*, const QZReport&) {}, nullptr};

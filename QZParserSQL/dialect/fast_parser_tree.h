@@ -18,8 +18,8 @@
 #define CONSTRUCTEX() qzRaise(QZP)
 
 /* The two stand around one call. */
-#define FOLLOWPUSH(set)                                 \
-    {                                                   \
+#define FOLLOWPUSH(set)                                    \
+    {                                                      \
         struct QZFollow follow = {QZP->follow, 0, &(set)}; \
         QZP->follow = &follow;
 #define FOLLOWPOP()              \
