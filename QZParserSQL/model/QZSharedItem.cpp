@@ -1,7 +1,5 @@
 #include "QZParserSQL/model/QZSharedItem.h"
 
-#include <atomic>
-
 #include "QZParserSQL/model/Copier.h"
 #include "QZParserSQL/model/Dispose.h"
 #include "QZParserSQL/model/SelectItem.h"
@@ -38,6 +36,7 @@ SelectItem* QZSharedItem::Get() {
     } else if (m_pItem.use_count() > 1) {
         m_pItem = Owned(qz::CloneExactly(*m_pItem));
     }
-    std::atomic_thread_fence(std::memory_order_acquire);  // what another copy read, it has read before it let go
+    // What another copy read, it has read before it let go: counting down sees that, asking for the count does not.
+    std::shared_ptr<SelectItem>(m_pItem).reset();
     return m_pItem.get();
 }
