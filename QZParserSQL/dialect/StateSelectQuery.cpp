@@ -339,7 +339,8 @@ void StateSelectQuery::CopyNamesTo(CQZQueryInfo& query) {
     query.m_mapSources = m_pQuery->m_mapSources;
     for (const auto& [key, alias] : m_pQuery->m_mapAliases) query.m_mapAliases[key] = alias->Clone(0);
     for (const auto& [key, record] : m_pQuery->m_mapFields) query.m_mapFields[key] = new CFieldObject(*record);
-    Walk().Count(static_cast<std::size_t>(query.m_mapAliases.GetCount() + query.m_mapFields.GetCount()));
+    Walk().Count(static_cast<std::size_t>(query.m_mapAliases.GetCount()));
+    Walk().Count(static_cast<std::size_t>(query.m_mapFields.GetCount()));
 }
 
 CQZSQLTree* StateSelectQuery::SelectAtOrBelow(CQZSQLTree* pNode) const {
