@@ -12,7 +12,7 @@ import access_oracle
 from access_oracle import (CONFIGURATION_FUNCTION, DATA_TYPE, DATE_PART, DATETIME_FUNCTION, DIALECT, KEYWORDS,
                            LITERAL_WORDS, NUMBER_FUNCTION, OTHER_FUNCTION, STRING_FUNCTION, keyword_text)
 from engine import token_lines, with_deep_stack
-from trees import lit, node
+from trees import CLOSE, COMMA, DOT, MINUS, OPEN, PLUS, STAR, bare_num, eq, from_, lit, nil, node, num, op
 
 
 def tok(name, text=None):
@@ -29,16 +29,6 @@ def col(*names):
               4: ['QUERY_NAME', 'QUERY_NAME', 'TABLE_NAME', 'COLUMN_NAME']}[len(names)]
     parts = [STAR if name == '*' else name if ':"' in name else ident(name) for name in names]
     return node('COLUMN_SPECIFICATION', *(node(label, part) for label, part in zip(labels, parts)))
-
-
-def num(*parts):
-    return node('SQL_LITERAL', bare_num(*parts))
-
-
-def bare_num(*parts):
-    marks = {'.': DOT, '-': MINUS, '+': PLUS}
-    return node('NUMBER_LITERAL', *(marks.get(part) or (part if ':"' in part else tok('DIGIT', part))
-                                    for part in parts))
 
 
 def string(text):
@@ -58,20 +48,12 @@ def new_name(name):
     return node('NEW_NAME', ident(name))
 
 
-def from_(*sources):
-    return node('FROM_DEF_', *sources)
-
-
 def items(*nodes):
     return node('SELECT_LIST', *nodes)
 
 
 def select(*parts):
     return node('SELECT_QUERY', *parts)
-
-
-def nil(*parts):
-    return node('nil', *parts, 'EOF')
 
 
 def query(*parts):
@@ -86,14 +68,6 @@ def where(condition):
 def item_query(*nodes):
     """The tree of a text `SELECT nodes FROM t`."""
     return query(items(*nodes), FROM_T)
-
-
-def op(name, text, *operands):
-    return node(tok(name, text), *operands)
-
-
-def eq(left, right):
-    return op('EQ', '=', left, right)
 
 
 def cond(comparison):
@@ -128,13 +102,6 @@ def on(condition):
     return node(tok('ON_KEYWORD'), condition)
 
 
-STAR = tok('ASTERISK', '*')
-DOT = tok('DOT', '.')
-PLUS = tok('PLUS', '+')
-MINUS = tok('MINUS', '-')
-COMMA = tok('COMMA', ',')
-OPEN = tok('LEFT_PAREN', '(')
-CLOSE = tok('RIGHT_PAREN', ')')
 HASH = lit('#')
 BAR = tok('VERTBAR', '|')
 NOT = tok('NOT_KEYWORD')

@@ -8,7 +8,8 @@ from engine import token_lines, with_deep_stack
 from mssql_oracle import (CONFIGURATION_FUNCTION, DATA_TYPE, DATE_PART, DATETIME_FUNCTION, DIALECT, GROUP_FUNCTION,
                           KEYWORDS, LITERAL_WORDS, LITERALS, NUMBER_FUNCTION, STRING_FUNCTION, SYSTEM_VARIABLES,
                           keyword_text)
-from trees import lit, node
+from trees import (CLOSE, COMMA, DOT, MINUS, OPEN, PLUS, STAR, bare_num, cond, digit, eq, from_, lit, nil, node, num,
+                   op, params)
 
 
 def tok(name, text=None):
@@ -18,10 +19,6 @@ def tok(name, text=None):
 
 def ident(text):
     return tok('IDENTIFICATOR', text)
-
-
-def digit(text):
-    return tok('DIGIT', text)
 
 
 def word_of(name):
@@ -42,15 +39,6 @@ def col(*parts):
     return node('COLUMN_SPECIFICATION', *names(parts, ['DB_NAME', 'TABLE_NAME', 'COLUMN_NAME']))
 
 
-def bare_num(*parts):
-    marks = {'.': DOT, '-': MINUS, '+': PLUS}
-    return node('NUMBER_LITERAL', *(marks.get(part) or (part if ':"' in part else digit(part)) for part in parts))
-
-
-def num(*parts):
-    return node('SQL_LITERAL', bare_num(*parts))
-
-
 def string(*parts):
     return node('SQL_LITERAL', node('SQL_STRING', *parts))
 
@@ -68,40 +56,16 @@ def source(*parts, alias=None):
                 *([tok('LITERAL_AS'), new_name(alias)] if alias else []))
 
 
-def from_(*sources):
-    return node('FROM_DEF_', *sources)
-
-
 def select(items, *clauses, predicate=()):
     return node('SELECT_QUERY_', node('PREDICATE', *predicate), node('SELECT_LIST', *items), *clauses)
-
-
-def nil(*parts):
-    return node('nil', *parts, 'EOF')
 
 
 def query(items, *clauses, predicate=()):
     return nil(select(items, *clauses, predicate=predicate))
 
 
-def op(name, text, *operands):
-    return node(tok(name, text), *operands)
-
-
-def eq(left, right):
-    return op('EQ', '=', left, right)
-
-
-def cond(*parts):
-    return node('SEARCH_CONDITION', *parts)
-
-
 def word(name, *children):
     return node(tok(name), *children)
-
-
-def params(*parts):
-    return node('FUNC_PARAM', *parts)
 
 
 def func(*parts):
@@ -121,15 +85,8 @@ def on(*parts):
     return node(tok('ON_KEYWORD'), cond(*parts))
 
 
-STAR = tok('ASTERISK', '*')
-DOT = tok('DOT', '.')
-PLUS = tok('PLUS', '+')
-MINUS = tok('MINUS', '-')
 SLASH = tok('DIVIDE', '/')
 BAR = tok('VERTBAR', '|')
-COMMA = tok('COMMA', ',')
-OPEN = tok('LEFT_PAREN', '(')
-CLOSE = tok('RIGHT_PAREN', ')')
 BRACKET = tok('RIGHT_COL_PAREN', ']')
 QUOTE = tok("'''", "'")
 NOT = tok('NOT_KEYWORD')

@@ -5,7 +5,7 @@ import unittest
 
 from engine import token_lines
 from mssql_from_oracle import DIALECT, KEYWORDS, LITERALS, keyword_text
-from trees import lit, node
+from trees import lit, node, op
 
 
 def tok(name, text=None):
@@ -32,10 +32,6 @@ def num(text):
 def source(*parts, alias=()):
     return node('ALIAS_', node('TABLE_SPECIFICATION_', *names(parts, ['DB_NAME_', 'TABLE_NAME_'])),
                 *([tok('LITERAL_AS_'), node('NEW_NAME_', *alias)] if alias else []))
-
-
-def op(name, text, *operands):
-    return node(tok(name, text), *operands)
 
 
 def eq(left, right):

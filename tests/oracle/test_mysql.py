@@ -8,7 +8,8 @@ from engine import token_lines, with_deep_stack
 from mysql_oracle import (CONFIGURATION_FUNCTION, DATA_TYPE, DATE_PART, DATETIME_FUNCTION, DIALECT, KEYWORDS,
                           LITERAL_WORDS, LITERALS, LITERALS_WITH_BLANK, NEGATED_KEYWORDS, NUMBER_FUNCTION, OPERATORS,
                           OTHER_FUNCTION, STRING_FUNCTION, SYSTEM_VARIABLES, keyword_text)
-from trees import lit, node
+from trees import (CLOSE, COMMA, DOT, MINUS, OPEN, PLUS, STAR, bare_num, cond, digit, eq, from_, lit, nil, node, num,
+                   op, params)
 
 
 def tok(name, text=None):
@@ -18,10 +19,6 @@ def tok(name, text=None):
 
 def ident(text):
     return tok('IDENTIFICATOR', text)
-
-
-def digit(text):
-    return tok('DIGIT', text)
 
 
 def word_of(name):
@@ -37,15 +34,6 @@ def names(parts, labels):
 
 def col(*parts):
     return node('COLUMN_SPECIFICATION', *names(parts, ['DB_NAME', 'TABLE_NAME', 'COLUMN_NAME']))
-
-
-def bare_num(*parts):
-    marks = {'.': DOT, '-': MINUS, '+': PLUS}
-    return node('NUMBER_LITERAL', *(marks.get(part) or (part if ':"' in part else digit(part)) for part in parts))
-
-
-def num(*parts):
-    return node('SQL_LITERAL', bare_num(*parts))
 
 
 def string(*parts):
@@ -69,16 +57,8 @@ def source(*parts, alias=None):
     return item(table, alias=alias) if alias else table
 
 
-def from_(*sources):
-    return node('FROM_DEF_', *sources)
-
-
 def select(items, *clauses, predicate=()):
     return node('SELECT_QUERY_MY', node('PREDICATE', *predicate), node('SELECT_LIST', *items), *clauses)
-
-
-def nil(*parts):
-    return node('nil', *parts, 'EOF')
 
 
 def query(items, *clauses, predicate=()):
@@ -91,18 +71,6 @@ def no_query(*tokens):
 
 def union(*parts):
     return node('UNION', *parts)
-
-
-def op(name, text, *operands):
-    return node(tok(name, text), *operands)
-
-
-def eq(left, right):
-    return op('EQ', '=', left, right)
-
-
-def cond(*parts):
-    return node('SEARCH_CONDITION', *parts)
 
 
 def eqc(left, right):
@@ -123,10 +91,6 @@ def either(left, right):
 
 def where(*parts):
     return node('WHERE_CONDITION', *parts)
-
-
-def params(*parts):
-    return node('FUNC_PARAM', *parts)
 
 
 def func(*parts):
@@ -166,15 +130,8 @@ def on(*parts):
     return node(tok('ON_KEYWORD'), *parts)
 
 
-STAR = tok('ASTERISK', '*')
-DOT = tok('DOT', '.')
-PLUS = tok('PLUS', '+')
-MINUS = tok('MINUS', '-')
 SLASH = tok('DIVIDE', '/')
 BAR = tok('VERTBAR', '|')
-COMMA = tok('COMMA', ',')
-OPEN = tok('LEFT_PAREN', '(')
-CLOSE = tok('RIGHT_PAREN', ')')
 TICK = tok('MY_ONE_QUOTE', '`')
 QUOTE = tok("'''", "'")
 EQ = tok('EQ', '=')

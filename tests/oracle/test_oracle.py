@@ -8,7 +8,8 @@ from engine import token_lines, with_deep_stack
 from oracle_oracle import (COMMITTING_WORDS, CONFIGURATION_FUNCTION, DATA_TYPE, DATE_PART, DATETIME_FUNCTION, DIALECT,
                            FUNCTION_NAMES, GROUP_FUNCTION, KEYWORDS, LITERAL_WORDS, LITERALS, NUMBER_FUNCTION,
                            STRING_FUNCTION, SYSTEM_FUNCTION, SYSTEM_VARIABLES, keyword_text)
-from trees import lit, node
+from trees import (CLOSE, COMMA, DOT, MINUS, OPEN, PLUS, STAR, bare_num, cond, digit, from_, lit, nil, node, num, op,
+                   params)
 
 
 def tok(name, text=None):
@@ -20,10 +21,6 @@ def ident(text):
     """A name as a token, of the kind that its first character tells."""
     kind = {'[': 'COL_PAREN_ATTRITION', '"': 'MY_QUOTE_ATTRITION'}.get(text[0], 'IDENTIFICATOR')
     return tok(kind, text.replace('"', '\\"'))
-
-
-def digit(text):
-    return tok('DIGIT', text)
 
 
 def word_of(name):
@@ -43,15 +40,6 @@ def col(*parts):
     return node('COLUMN_SPECIFICATION', *names(parts, ['DB_NAME', 'TABLE_NAME', 'COLUMN_NAME']))
 
 
-def bare_num(*parts):
-    marks = {'.': DOT, '-': MINUS, '+': PLUS}
-    return node('NUMBER_LITERAL', *(marks.get(part) or (part if ':"' in part else digit(part)) for part in parts))
-
-
-def num(*parts):
-    return node('SQL_LITERAL', bare_num(*parts))
-
-
 def string(text):
     return node('SQL_LITERAL', node('SQL_STRING', tok('QUOTE_ATTRITION', text)))
 
@@ -64,10 +52,6 @@ def table(*parts):
     return node('TABLE_SPECIFICATION', *names(parts, ['DB_NAME', 'TABLE_NAME']))
 
 
-def from_(*sources):
-    return node('FROM_DEF_', *sources)
-
-
 def where(*parts):
     return node('WHERE_CONDITION', *parts)
 
@@ -77,16 +61,8 @@ def select(items, *clauses, predicate=()):
                 node('SELECT_LIST', *items), *clauses)
 
 
-def nil(*parts):
-    return node('nil', *parts, 'EOF')
-
-
 def query(items, *clauses, predicate=()):
     return nil(select(items, *clauses, predicate=predicate))
-
-
-def op(name, text, *operands):
-    return node(tok(name, text), *operands)
 
 
 def eq(*operands):
@@ -95,10 +71,6 @@ def eq(*operands):
 
 def comma(left, *right):
     return node(COMMA, left, *right)
-
-
-def cond(*parts):
-    return node('SEARCH_CONDITION', *parts)
 
 
 def negated(*parts):
@@ -111,10 +83,6 @@ def word(name, *children):
 
 def between(*parts):
     return word('BETWEEN_KEYWORD', *parts)
-
-
-def params(*parts):
-    return node('FUNC_PARAM', *parts)
 
 
 def func(*parts):
@@ -142,13 +110,6 @@ def on(*parts):
     return node(tok('ON_KEYWORD'), *parts)
 
 
-STAR = tok('ASTERISK', '*')
-DOT = tok('DOT', '.')
-PLUS = tok('PLUS', '+')
-MINUS = tok('MINUS', '-')
-COMMA = tok('COMMA', ',')
-OPEN = tok('LEFT_PAREN', '(')
-CLOSE = tok('RIGHT_PAREN', ')')
 NOT = tok('NOT_KEYWORD')
 NULL = tok('NULL_KEYWORD')
 FROM = tok('FROM_KEYWORD')

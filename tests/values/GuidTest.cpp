@@ -40,13 +40,13 @@ int GuidsInABatch() {
 }
 
 TEST(Guid, HasTheBraceFormInCapitals) {
-    const std::string form = "{XXXXXXXX-XXXX-4XXX-VXXX-XXXXXXXXXXXX}";
+    const std::string form = "{hhhhhhhh-hhhh-4hhh-vhhh-hhhhhhhhhhhh}";
     for (int round = 0; round < 100; ++round) {
         const std::string guid = QZNewGuid().ToUtf8();
         ASSERT_EQ(guid.size(), form.size());
         for (std::size_t i = 0; i < form.size(); ++i) {
-            const std::string allowed = form[i] == 'X'   ? "0123456789ABCDEF"
-                                        : form[i] == 'V' ? "89AB"
+            const std::string allowed = form[i] == 'h'   ? "0123456789ABCDEF"
+                                        : form[i] == 'v' ? "89AB"
                                                          : std::string(1, form[i]);
             EXPECT_NE(allowed.find(guid[i]), std::string::npos) << guid << " at " << i;
         }
