@@ -51,7 +51,7 @@ TEST(MSSQLDeepNesting, OfAThousandParenthesesIsUnderstoodOnACommonStack) {
     }
 }
 
-TEST(MSSQLDeepNesting, ComesThroughTheBareFacade) {
+void ExpectViewsOfTheBareFacade() {
     for (const std::u16string_view part : {u"(", u"CASE WHEN a=1 THEN ", u"f("}) {
         const Messages messages;
         CString text(u"SELECT " + AMegabyteOf(part));
@@ -64,6 +64,8 @@ TEST(MSSQLDeepNesting, ComesThroughTheBareFacade) {
         EXPECT_EQ(view->GetChild(view->GetChildCount() - 1)->GetText(), u"<EOF>");
     }
 }
+
+TEST(MSSQLDeepNesting, ComesThroughTheBareFacade) { RunOnStack(8 << 20, ExpectViewsOfTheBareFacade); }
 
 // Each operator is the root over all that stands before it.
 TEST(MSSQLDeepTree, IsWalkedAndFreedOnASmallStack) {

@@ -65,7 +65,7 @@ std::unique_ptr<CQZSQLTree> Parsed(CQZMySQLParcer& parser, CString& text) {
     return std::unique_ptr<CQZSQLTree>(view);
 }
 
-TEST(MySQLDeepNesting, ComesThroughTheBareFacade) {
+void ExpectViewsOfTheBareFacade() {
     for (const std::u16string_view part : {u"(", u"CASE WHEN ", u"ABS("}) {
         CString text(u"SELECT " + AMegabyteOf(part));
         CQZMySQLParcer parser;
@@ -75,6 +75,8 @@ TEST(MySQLDeepNesting, ComesThroughTheBareFacade) {
         EXPECT_EQ(view->GetChild(view->GetChildCount() - 1)->GetText(), u"<EOF>");
     }
 }
+
+TEST(MySQLDeepNesting, ComesThroughTheBareFacade) { RunOnStack(8 << 20, ExpectViewsOfTheBareFacade); }
 
 // Each operator is the root over all that stands before it.
 TEST(MySQLDeepTree, IsWalkedAndFreedOnASmallStack) {

@@ -77,7 +77,7 @@ TEST(DeepNesting, IsNotSeenInAMegabyteOfNot) {
     }
 }
 
-TEST(DeepNesting, ComesThroughTheBareFacade) {
+void ExpectViewsOfTheBareFacade() {
     for (const std::u16string_view part : {u"(", u"IIF(a=1,2,", u"f("}) {
         const Messages messages;
         CString text(u"SELECT " + AMegabyteOf(part));
@@ -94,6 +94,8 @@ TEST(DeepNesting, ComesThroughTheBareFacade) {
                                 [](const std::string& line) { return line.find("deep") != std::string::npos; }));
     }
 }
+
+TEST(DeepNesting, ComesThroughTheBareFacade) { RunOnStack(8 << 20, ExpectViewsOfTheBareFacade); }
 
 // 'a' & 'a' & ... leans to the left: each operator is the root over all that stands before it.
 TEST(DeepTree, IsWalkedAndFreedOnASmallStack) {

@@ -69,7 +69,7 @@ std::unique_ptr<CQZSQLTree> Parsed(CQZOracleParser& parser, CString& text) {
     return std::unique_ptr<CQZSQLTree>(view);
 }
 
-TEST(OracleDeepNesting, ComesThroughTheBareFacade) {
+void ExpectViewsOfTheBareFacade() {
     for (const std::u16string_view part : {u"(", u"CASE WHEN ", u"f("}) {
         CString text(u"SELECT " + AMegabyteOf(part));
         CQZOracleParser parser;
@@ -79,6 +79,8 @@ TEST(OracleDeepNesting, ComesThroughTheBareFacade) {
         EXPECT_EQ(view->GetChild(view->GetChildCount() - 1)->GetText(), u"<EOF>");
     }
 }
+
+TEST(OracleDeepNesting, ComesThroughTheBareFacade) { RunOnStack(8 << 20, ExpectViewsOfTheBareFacade); }
 
 struct LeaningTree {
     std::u16string_view start;
