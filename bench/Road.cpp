@@ -36,13 +36,14 @@ Road::~Road() {
     QZFreeParser(m_Dialect.grammar, m_pParser);
 }
 
-std::size_t Road::Lex() {
+void Road::Open() {
     m_pInput = antlr3NewUCS2StringInPlaceStream(m_Text.data(), static_cast<std::uint32_t>(m_Text.size()), nullptr);
     m_pLexer = QZNewLexer(m_Dialect.grammar, m_pInput);
     m_pTokens = QZNewTokenStream(m_pLexer);
     QZSetLexerReporter(m_pLexer, &m_Reporter);
-    return QZTokenCount(m_pTokens);
 }
+
+std::size_t Road::Lex() { return QZTokenCount(m_pTokens); }
 
 const QZNode* Road::Parse() {
     m_pParser = QZNewParser(m_Dialect.grammar, m_pTokens);

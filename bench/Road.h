@@ -25,8 +25,11 @@ class Road {
     Road& operator=(const Road&) = delete;
     ~Road();
 
-    /// Each needs the one before. Lexing and parsing contain the making of the recognizers.
+    /// Makes the input, the lexer and the token stream; the first of the stages, each of which needs the one before.
+    void Open();
+    /// Asks for all tokens. May be left out: then the parser does it.
     std::size_t Lex();
+    /// Makes the parser too.
     const QZNode* Parse();
     /// Asks for all children, types and texts; gives the number of views.
     std::size_t Walk();

@@ -42,6 +42,7 @@ class Stages {
         text.assign(seen);
         auto road = std::make_unique<Road>(dialect, text);
         m_Last = Clock::now();
+        road->Open();
         road->Lex();
         Note(kLex);
         road->Parse();
@@ -106,7 +107,7 @@ void Whole(const Dialect& dialect, const std::u16string& seen) {
     std::u16string text;
     text.assign(seen);
     Road road(dialect, text);
-    road.Lex();
+    road.Open();
     benchmark::DoNotOptimize(road.Parse());
 }
 
@@ -150,6 +151,7 @@ void Memory(State& state, const Dialect& dialect, const std::u16string& text) {
         malloc_trim(0);
         const auto before = mallinfo2();
         Road road(dialect, text);
+        road.Open();
         tokens = road.Lex();
         road.Parse();
         const auto after = mallinfo2();
@@ -203,7 +205,7 @@ void Growth(State& state, const Dialect& dialect, const Shape& shape) {
 
 bool IsClean(const Dialect& dialect, const std::u16string& text) {
     Road road(dialect, text);
-    road.Lex();
+    road.Open();
     road.Parse();
     return road.IsClean();
 }

@@ -27,6 +27,7 @@ ERROR = re.compile(r"\bCONSTRUCTEX\(\);(?:\s*EXCEPTION->\w+\s*=[^;]*;)*(?:\s*got
 GUESS_FAILS = re.compile(r"if \(BACKTRACKING>0\)\s*\{\s*FAILEDFLAG = ANTLR3_TRUE;\s*return ?(?:retval)?;\s*\}")
 BUILD = "if ( BACKTRACKING==0 )"
 NIL_ROOT = re.compile(r"\s*root_0 = \(pANTLR3_BASE_TREE\)\(ADAPTOR->nilNode\(ADAPTOR\)\);")
+MARK = re.compile(r"[{}]|\b(?:case|default|QZ_GUESS_RULE|QZ_GUESS_MATCH|CONSUME|MATCHANYT)\b")
 FOREIGN = re.compile(r"\b(retval|BACKTRACKING|ADAPTOR|EXCEPTION|FAILEDFLAG|HASFAILED|MATCHT|goto rule\w+|root_\d|INDEX)\b")
 
 
@@ -60,6 +61,24 @@ def without_building(text: str) -> str:
     return text
 
 
+def stands_first(guess: str, call: int) -> bool:
+    """Whether nothing can have been read when the call is reached."""
+    frames = [{"loop": False, "read": False, "ever": False}]
+    for mark in MARK.finditer(guess, 0, call):
+        what = mark.group(0)
+        if what == "{":
+            head = guess[:mark.start()].rstrip()
+            frames.append({"loop": re.search(r"(for *\(;;\)|while *\(.*\)|do)$", head) is not None, "read": False, "ever": False})
+        elif what == "}":
+            frames[-2]["read"] |= frames[-1]["ever"]
+            frames[-2]["ever"] |= frames.pop()["ever"]
+        elif what == "case" or what == "default":
+            frames[-1]["read"] = False
+        else:
+            frames[-1]["read"] = frames[-1]["ever"] = True
+    return not any(frame["read"] or frame["loop"] for frame in frames)
+
+
 class Parser:
     def __init__(self, text: str, name: str):
         self.text = text
@@ -73,7 +92,10 @@ class Parser:
         self.names = [name for name, _, _ in self.rules]
         self.own = {name: self.own_declarations(name, rule) for name, _, rule in self.rules}
         self.guesses = {name: self.guessing(name, self.body_of(name, rule)) for name, _, rule in self.rules}
-        remembered = [name for name in self.names if not self.wrapped(name)]
+        self.fragment_guesses = {name: self.guessing(name, body[:body.rindex(f"goto rule{name}Ex;")])
+                                 for name, body in self.fragments}
+        called_once = self.called_once()
+        remembered = [name for name in self.names if not self.wrapped(name) and name not in called_once]
         self.number_of = {name: number for number, name in enumerate(remembered)}
 
     # ---------------------------------------------------------------------------------------------- parts of a rule
@@ -121,9 +143,11 @@ class Parser:
     def guess_rule(self, name: str) -> str:
         declared, entered = self.own[name]
         head = f"static ANTLR3_UINT32 {name}_guess({self.context} ctx, ANTLR3_UINT32 place)\n{{\n"
-        if name not in self.number_of:
+        if self.wrapped(name):
             return f"{head}    return {self.wrapped(name)}_guess(ctx, place);\n}}\n"
         entered = entered.replace("ctx->pParser", "QZ_PARSER_AT(place)")
+        if name not in self.number_of:
+            return f"{head}{declared}\n    {entered}\n    QZ_GUESS_NESTING()\n{self.guesses[name]}\n    return place;\n}}\n"
         number = self.number_of[name]
         kind = "REPEATED" if name == "next_expression" else "REMEMBERED"
         return (f"{head}{declared}\n    {entered}\n    QZ_{kind}({number})\n    QZ_GUESS_NESTING()\n{self.guesses[name]}\n"
@@ -134,9 +158,21 @@ class Parser:
         call = re.fullmatch(r"[{\s]*QZ_GUESS_RULE\((\w+)\)[}\s]*", self.guesses[name])
         return call and not any(self.own[name]) and call.group(1)
 
-    def guess_fragment(self, name: str, fragment: str) -> str:
-        body = fragment[:fragment.rindex(f"goto rule{name}Ex;")]
-        body = self.guessing(name, body)
+    def called_once(self) -> set[str]:
+        """The rules whose result is never asked for a second time: one other rule calls them, and at its own place."""
+        calls: dict[str, list[bool]] = {}
+        callers = [(self.guesses[name], True) for name in self.names if not self.wrapped(name)]
+        callers += [(guess, False) for guess in self.fragment_guesses.values()]
+        for guess, is_rule in callers:
+            for call in re.finditer(r"QZ_GUESS_RULE\((\w+)\)", guess):
+                called = call.group(1)
+                while self.wrapped(called):
+                    called = self.wrapped(called)
+                calls.setdefault(called, []).append(is_rule and stands_first(guess, call.start()))
+        return {name for name, first in calls.items() if first == [True]}
+
+    def guess_fragment(self, name: str) -> str:
+        body = self.fragment_guesses[name]
         return f"static ANTLR3_UINT32 {name}_guess({self.context} ctx, ANTLR3_UINT32 place)\n{{\n{body}\n    return place;\n}}\n"
 
     # ---------------------------------------------------------------------------------------------------------- trees
@@ -204,7 +240,7 @@ class Parser:
         inner += [f"static pANTLR3_BASE_TREE {name}_tree({self.context} ctx);" for name in self.names]
         parts = [head, "\n".join(inner), "\n#include \"QZParserSQL/dialect/fast_parser_guess.h\"\n"]
         parts += [self.guess_rule(name) for name in self.names]
-        parts += [self.guess_fragment(name, fragment) for name, fragment in self.fragments]
+        parts += [self.guess_fragment(name) for name, _ in self.fragments]
         parts += ["\n#include \"QZParserSQL/dialect/fast_parser_tree.h\"\n"]
         parts += [self.tree_rule(name, rule) for name, _, rule in self.rules]
         parts += [self.entry(name, returned) for name, returned, _ in self.rules]

@@ -3,12 +3,16 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <new>
 
 #include "QZParserSQL/dialect/Memory.h"
 
 namespace qz {
 
-template <class Object>
+/// What every user of an object writes stands in its `Bytes` from `From` on: objects are placed so that this part
+/// begins with a line of the cache, and is fetched shortly before the object is taken.
+template <class Object, std::size_t From, std::size_t Bytes>
 class Pool {
  public:
     Pool() = default;
@@ -19,15 +23,15 @@ class Pool {
     /// An object; `model` is what it is when it is first made. Null where memory fails.
     Object* Take(const Object& model) {
         if (used_ == room_ && !AddChunk()) return nullptr;
-        Object* object = objects_ + used_++;
-        __builtin_prefetch(reinterpret_cast<char*>(object + kAhead), 1);
-        __builtin_prefetch(reinterpret_cast<char*>(object + kAhead) + 64, 1);
-        __builtin_prefetch(reinterpret_cast<char*>(object + kAhead) + 128, 1);
+        char* object = objects_ + used_++ * kStride;
+        for (std::size_t line = 0; line < Bytes; line += kLine) {
+            __builtin_prefetch(object + kAhead * kStride + From + line, 1);
+        }
         if (used_ > chunks_->made) {
-            *object = model;
+            new (object) Object(model);
             chunks_->made = used_;
         }
-        return object;
+        return reinterpret_cast<Object*>(object);
     }
 
     void GiveBack() {
@@ -37,7 +41,10 @@ class Pool {
     }
 
  private:
-    static constexpr std::ptrdiff_t kAhead = 8;
+    static constexpr std::size_t kLine = 64;
+    // An odd number of lines, so that objects come by all sets of the cache.
+    static constexpr std::size_t kStride = ((sizeof(Object) + kLine - 1) / kLine | 1) * kLine;
+    static constexpr std::size_t kAhead = 40;
 
     static Kept& KeptChunks() {
         thread_local Kept kept;
@@ -45,17 +52,18 @@ class Pool {
     }
 
     bool AddChunk() {
-        Chunk* chunk = KeptChunks().AddTo(chunks_, sizeof(Object));
+        Chunk* chunk = KeptChunks().AddTo(chunks_, kLine + kStride);
         if (chunk == nullptr) return false;
         chunks_ = chunk;
-        objects_ = reinterpret_cast<Object*>(chunk + 1);
+        char* begin = reinterpret_cast<char*>(chunk + 1);
+        objects_ = begin + (kLine - (reinterpret_cast<std::uintptr_t>(begin) + From) % kLine) % kLine;
         used_ = 0;
-        room_ = (chunk->size - sizeof(Chunk)) / sizeof(Object);
+        room_ = static_cast<std::size_t>(reinterpret_cast<char*>(chunk) + chunk->size - objects_) / kStride;
         return true;
     }
 
     Chunk* chunks_ = nullptr;
-    Object* objects_ = nullptr;
+    char* objects_ = nullptr;
     std::size_t used_ = 0;
     std::size_t room_ = 0;
 };

@@ -78,7 +78,9 @@ void QZCloseInput(QZInputStream* input) {
 }
 
 void QZFreeTokenStream(QZTokenStream* tokens) {
-    if (tokens != nullptr) tokens->free(tokens);
+    if (tokens == nullptr) return;
+    tokens->tokens->count = 0;  // the tokens are the lexer's: none of them is to be looked at
+    tokens->free(tokens);
 }
 
 void QZFreeLexer(const QZGrammar& grammar, void* lexer) {

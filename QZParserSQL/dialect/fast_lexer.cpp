@@ -6,6 +6,7 @@
 #include <cstring>
 #include <new>
 
+#include "QZParserSQL/dialect/FastRecognition.h"
 #include "QZParserSQL/dialect/Pool.h"
 #include "QZParserSQL/dialect/recognizer.h"
 
@@ -15,7 +16,7 @@ using Token = pANTLR3_COMMON_TOKEN;
 
 struct TokenFactory {
     ANTLR3_TOKEN_FACTORY factory{};
-    qz::Pool<ANTLR3_COMMON_TOKEN> tokens;
+    qz::Pool<ANTLR3_COMMON_TOKEN, 0, 128> tokens;
 };
 
 TokenFactory& FactoryOf(pANTLR3_TOKEN_FACTORY factory) { return *reinterpret_cast<TokenFactory*>(factory); }
@@ -125,15 +126,17 @@ bool TakesAll(const ANTLR3_COMMON_TOKEN_STREAM& stream) {
            stream.discardOffChannel == ANTLR3_FALSE && stream.tstream->tokenSource->nextToken == NextToken;
 }
 
-// Room for as many tokens as the text will have, more or less; the vector can grow and frees it.
-void Reserve(ANTLR3_VECTOR& tokens, const ANTLR3_INPUT_STREAM& input) {
-    constexpr ANTLR3_UINT32 kBytesOfToken = 6;
-    const ANTLR3_UINT32 count = input.sizeBuf / kBytesOfToken;
-    if (tokens.count > 0 || count <= tokens.elementsSize) return;
+const ANTLR3_INPUT_STREAM& InputOf(const ANTLR3_COMMON_TOKEN_STREAM& stream) {
+    return *static_cast<pANTLR3_LEXER>(stream.tstream->tokenSource->super)->input;
+}
+
+// Room for as many tokens as the text can have; the vector frees it. Memory that no token comes to is never touched.
+void Reserve(ANTLR3_VECTOR& tokens, std::size_t count) {
+    if (count <= tokens.elementsSize) return;
     void* room = std::malloc(count * sizeof(ANTLR3_VECTOR_ELEMENT));
     if (room == nullptr) return;
     tokens.elements = static_cast<pANTLR3_VECTOR_ELEMENT>(room);
-    tokens.elementsSize = count;
+    tokens.elementsSize = static_cast<ANTLR3_UINT32>(count);
 }
 
 void AddToken(ANTLR3_VECTOR& tokens, Token token) {
@@ -145,24 +148,39 @@ void AddToken(ANTLR3_VECTOR& tokens, Token token) {
     }
 }
 
-}  // namespace
-
-void qzFillStream(pANTLR3_COMMON_TOKEN_STREAM stream) {
-    if (stream->p != -1) return;
-    if (!TakesAll(*stream)) {
-        stream->tstream->_LT(stream->tstream, 1);  // the first look fills the stream
-        return;
-    }
+void Fill(pANTLR3_COMMON_TOKEN_STREAM stream, qz::TokenList* list) {
     const auto source = stream->tstream->tokenSource;
     auto& tokens = *stream->tokens;
-    Reserve(tokens, *static_cast<pANTLR3_LEXER>(source->super)->input);
+    Reserve(tokens, qz::MostTokens(*stream));
     ANTLR3_INT32 first = -1;
     for (Token token = NextToken(source); token->type != ANTLR3_TOKEN_EOF; token = NextToken(source)) {
-        if (first < 0 && token->channel == stream->channel) first = static_cast<ANTLR3_INT32>(tokens.count);
         AddToken(tokens, token);
+        if (token->channel != stream->channel) continue;
+        if (first < 0) first = static_cast<ANTLR3_INT32>(token->index);
+        if (list != nullptr) list->Add(token);
     }
     stream->tstream->istream->cachedSize = tokens.count;
     stream->p = first < 0 ? static_cast<ANTLR3_INT32>(tokens.count) : first;
+}
+
+}  // namespace
+
+bool qz::IsToBeFilled(const ANTLR3_COMMON_TOKEN_STREAM& stream) {
+    return stream.p == -1 && stream.tokens->count == 0 && TakesAll(stream);
+}
+
+std::size_t qz::MostTokens(const ANTLR3_COMMON_TOKEN_STREAM& stream) {
+    return InputOf(stream).sizeBuf / sizeof(ANTLR3_UINT16);
+}
+
+void qz::FillStream(pANTLR3_COMMON_TOKEN_STREAM stream, TokenList& list) { Fill(stream, &list); }
+
+void qzFillStream(pANTLR3_COMMON_TOKEN_STREAM stream) {
+    if (qz::IsToBeFilled(*stream)) {
+        Fill(stream, nullptr);
+    } else if (stream->p == -1) {
+        stream->tstream->_LT(stream->tstream, 1);  // the first look fills the stream
+    }
 }
 
 pANTLR3_LEXER qzFastLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input,

@@ -29,29 +29,49 @@ void AddEnd(QZFastParser& parser, ANTLR3_UINT32* types, ANTLR3_UINT32 place) {
 }
 
 template <class Element>
+Element* New(FastParser& parser, std::size_t count) {
+    return static_cast<Element*>(parser.memory.Take(count * sizeof(Element)));
+}
+
+template <class Element>
 Element* NewCleared(FastParser& parser, std::size_t count) {
-    void* memory = parser.memory.Take(count * sizeof(Element));
-    return static_cast<Element*>(std::memset(memory, 0, count * sizeof(Element)));
+    return static_cast<Element*>(std::memset(New<Element>(parser, count), 0, count * sizeof(Element)));
+}
+
+qz::TokenList NewList(FastParser& parser, std::size_t most) {
+    return {New<ANTLR3_UINT32>(parser, most + kEndTokens), New<pANTLR3_COMMON_TOKEN>(parser, most + kEndTokens), 0};
+}
+
+void AddTokensOf(const ANTLR3_COMMON_TOKEN_STREAM& stream, qz::TokenList& list) {
+    constexpr ANTLR3_UINT32 kAhead = 64;
+    const ANTLR3_UINT32 count = stream.tokens->count;
+    for (ANTLR3_UINT32 i = 0; i < count; ++i) {
+        if (i + kAhead < count) __builtin_prefetch(stream.tokens->elements[i + kAhead].element);
+        const auto token = static_cast<pANTLR3_COMMON_TOKEN>(stream.tokens->elements[i].element);
+        if (token->channel == stream.channel) list.Add(token);
+    }
+}
+
+qz::TokenList ListTokens(FastParser& parser) {
+    const auto stream = StreamOf(parser);
+    if (qz::IsToBeFilled(*stream)) {
+        auto list = NewList(parser, qz::MostTokens(*stream));
+        qz::FillStream(stream, list);
+        return list;
+    }
+    qzFillStream(stream);
+    auto list = NewList(parser, stream->tokens->count);
+    AddTokensOf(*stream, list);
+    return list;
 }
 
 void ReadTokens(FastParser& parser) {
-    qzFillStream(StreamOf(parser));
-    const auto& stream = *StreamOf(parser);
-    const ANTLR3_UINT32 all = stream.tokens->count;
-    auto* types = static_cast<ANTLR3_UINT32*>(parser.memory.Take((all + kEndTokens) * sizeof(ANTLR3_UINT32)));
-    parser.tokens =
-        static_cast<pANTLR3_COMMON_TOKEN*>(parser.memory.Take((all + kEndTokens) * sizeof(pANTLR3_COMMON_TOKEN)));
-    ANTLR3_UINT32 count = 0;
-    for (ANTLR3_UINT32 i = 0; i < all; ++i) {
-        const auto token = static_cast<pANTLR3_COMMON_TOKEN>(stream.tokens->elements[i].element);
-        if (token->channel != stream.channel) continue;
-        types[count] = token->type;
-        parser.tokens[count++] = token;
-    }
-    AddEnd(parser, types, count);
-    parser.types = types;
-    parser.places = count + 1;
-    parser.results = static_cast<ANTLR3_UINT8*>(parser.memory.Take(std::size_t{parser.places} * parser.rules));
+    const auto list = ListTokens(parser);
+    parser.tokens = list.tokens;
+    AddEnd(parser, list.types, list.count);
+    parser.types = list.types;
+    parser.places = list.count + 1;
+    parser.results = New<ANTLR3_UINT8>(parser, std::size_t{parser.places} * parser.rules);
     parser.ends = NewCleared<ANTLR3_UINT32*>(parser, parser.rules);
 }
 
@@ -203,21 +223,26 @@ void qzTreeTooDeep(QZFastParser* parser) {
 
 // Few at a time, shortly before they are read.
 void qzClearResults(QZFastParser* parser, ANTLR3_UINT32 place) {
-    constexpr ANTLR3_UINT32 kAhead = 16;
-    const ANTLR3_UINT32 end = std::min(place + kAhead, parser->places);
-    std::memset(qzResultOf(parser, parser->cleared, 0), 0, std::size_t{end - parser->cleared} * parser->rules);
+    constexpr ANTLR3_UINT32 kTogether = 4;
+    const ANTLR3_UINT32 end = std::min(place + kTogether, parser->places);
+    const std::size_t size = std::size_t{end - parser->cleared} * parser->rules;
+    ANTLR3_UINT8* const results = qzResultOf(parser, parser->cleared, 0);
+    for (std::size_t i = 0; i < size; i += 64) __builtin_prefetch(results + QZ_AHEAD * parser->rules + i, 1);
+    std::memset(results, 0, size);
     parser->cleared = end;
 }
 
 // Where the repeated rule fits, it is tried again right behind: every part of such a run is given the end of all of it,
 // so that a list which is read from each of its items costs no more than one that is read once.
 void qzExtendToEndOfRun(QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule) {
+    constexpr ANTLR3_UINT32 kAhead = 32;
     const auto endAt = [&](ANTLR3_UINT32 at) {
+        __builtin_prefetch(qzResultOf(parser, at + kAhead, rule), 1);
         const ANTLR3_UINT8 result = at < parser->cleared ? *qzResultOf(parser, at, rule) : ANTLR3_UINT8{0};
         return result < 2 ? at : qzRemembered(parser, at, rule, result);
     };
     ANTLR3_UINT32 end = endAt(place);
-    while (endAt(end) != end) end = endAt(end);
+    for (ANTLR3_UINT32 next = endAt(end); next != end; next = endAt(end)) end = next;
     for (ANTLR3_UINT32 at = place, next = endAt(at); next != end; at = next, next = endAt(at)) {
         qzRemember(parser, at, rule, end);
     }

@@ -45,6 +45,9 @@ struct QZFastParser {
 
 #define QZ_FAR 255
 
+/* Results are fetched into the cache so many places before they are needed. */
+#define QZ_AHEAD 12
+
 pANTLR3_PARSER qzFastParserNew(ANTLR3_UINT32 sizeHint, pANTLR3_TOKEN_STREAM tokens,
                                pANTLR3_RECOGNIZER_SHARED_STATE state, ANTLR3_UINT32 rules, ANTLR3_UINT32 tokenTypes);
 /* What a parser's context is given in place of factories; they belong to the parser. */
@@ -58,9 +61,9 @@ pANTLR3_COMMON_TOKEN qzEnd(struct QZFastParser* parser);
 /* The runtime's parser, its token stream being at that place. */
 pANTLR3_PARSER qzParserAt(struct QZFastParser* parser, ANTLR3_UINT32 place);
 
+void qzClearResults(struct QZFastParser* parser, ANTLR3_UINT32 place);
 ANTLR3_UINT32 qzGuessTooDeep(struct QZFastParser* parser, ANTLR3_UINT32 place);
 void qzTreeTooDeep(struct QZFastParser* parser);
-void qzClearResults(struct QZFastParser* parser, ANTLR3_UINT32 place);
 void qzRememberFar(struct QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule, ANTLR3_UINT32 end);
 void qzExtendToEndOfRun(struct QZFastParser* parser, ANTLR3_UINT32 place, ANTLR3_UINT32 rule);
 
@@ -132,6 +135,8 @@ static inline pANTLR3_COMMON_TOKEN qzMatch(struct QZFastParser* parser, ANTLR3_U
     if (__builtin_expect(parser->types[place] != type, 0)) return qzMismatch(parser, type, follow);
     parser->place = qzBehind(parser, place);
     parser->state->errorRecovery = ANTLR3_FALSE;
+    __builtin_prefetch(qzResultOf(parser, place + QZ_AHEAD, 0));
+    __builtin_prefetch(qzResultOf(parser, place + QZ_AHEAD, 64));
     return parser->tokens[place];
 }
 

@@ -1,5 +1,6 @@
 // How fast parsers put trees together. A list of one element is that element, so that a rule which hands its child on
 // makes nothing. A longer list is put into another as it is and is opened once, when it comes below a node of its own.
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 
@@ -22,26 +23,34 @@ Children& ChildrenOf(pANTLR3_VECTOR vector) {
     return *reinterpret_cast<Children*>(reinterpret_cast<char*>(vector) - offsetof(Children, vector));
 }
 
-bool Grow(Children& children) {
+ANTLR3_UINT32 RoomOf(const Children& children) {
+    return children.hasGrown ? children.vector.elementsSize : ANTLR3_VECTOR_INTERNAL_SIZE;
+}
+
+bool MakeRoom(Children& children, ANTLR3_UINT32 added) {
     auto& vector = children.vector;
-    const std::size_t size = vector.elementsSize * sizeof(ANTLR3_VECTOR_ELEMENT);
-    void* grown = children.parser->memory.Take(2 * size);
+    const ANTLR3_UINT32 needed = vector.count + added;
+    const ANTLR3_UINT32 room = RoomOf(children);
+    if (needed <= room) return true;
+    const ANTLR3_UINT32 larger = std::max(needed, 2 * room);
+    void* grown = children.parser->memory.Take(larger * sizeof(ANTLR3_VECTOR_ELEMENT));
     if (grown == nullptr) return false;
-    std::memcpy(grown, vector.elements, size);
+    std::memcpy(grown, vector.elements, vector.count * sizeof(ANTLR3_VECTOR_ELEMENT));
     vector.elements = static_cast<pANTLR3_VECTOR_ELEMENT>(grown);
-    vector.elementsSize *= 2;
+    vector.elementsSize = larger;
+    children.hasGrown = true;
     return true;
 }
 
 ANTLR3_UINT32 AddElement(pANTLR3_VECTOR vector, void* element, void (*freeElement)(void*)) {
-    if (vector->count == vector->elementsSize && !Grow(ChildrenOf(vector))) return 0;
+    if (!MakeRoom(ChildrenOf(vector), 1)) return 0;
     vector->elements[vector->count++] = {element, freeElement};
     return vector->count;
 }
 
 Children MakeChildrenModel() {
     const auto made = antlr3VectorNew(0);
-    Children model{nullptr, *made};
+    Children model{nullptr, false, *made};
     made->free(made);
     model.vector.factoryMade = ANTLR3_TRUE;
     model.vector.add = AddElement;
@@ -53,8 +62,11 @@ pANTLR3_VECTOR NewVector(FastParser& parser) {
     auto& children = *parser.children.Take(model);
     children.parser = &parser;
     children.vector.elements = children.vector.internal;
-    children.vector.elementsSize = ANTLR3_VECTOR_INTERNAL_SIZE;
     children.vector.count = 0;
+    if (children.hasGrown) {
+        children.vector.elementsSize = ANTLR3_VECTOR_INTERNAL_SIZE;
+        children.hasGrown = false;
+    }
     return &children.vector;
 }
 
@@ -65,11 +77,10 @@ ANTLR3_COMMON_TREE MakeNodeModel() {
     return model;
 }
 
+// What nobody changes in a node (the places of its first and last token, its string factory) stays as it was made.
 Node NewNode(FastParser& parser, pANTLR3_COMMON_TOKEN token) {
     static const ANTLR3_COMMON_TREE model = MakeNodeModel();
     auto* node = parser.nodes.Take(model);
-    node->super = nullptr;
-    node->startIndex = node->stopIndex = 0;
     node->token = token;
     node->parent = nullptr;
     node->childIndex = -1;
@@ -79,7 +90,6 @@ Node NewNode(FastParser& parser, pANTLR3_COMMON_TOKEN token) {
     tree.u = nullptr;
     tree.children = nullptr;
     tree.savedIndex = 0;
-    tree.strFactory = nullptr;
     return node;
 }
 
@@ -115,8 +125,23 @@ void Append(FastParser& parser, Tree tree, Tree child) {
     AddElement(tree->children, child, nullptr);
 }
 
+// What a list that has lists among its elements is marked with.
+constexpr ANTLR3_MARKER kHasLists = 1;
+
+void AppendElements(FastParser& parser, Tree tree, const ANTLR3_VECTOR& added) {
+    if (tree->children == nullptr) tree->children = NewVector(parser);
+    auto& vector = *tree->children;
+    if (!MakeRoom(ChildrenOf(&vector), added.count)) return;
+    std::memcpy(vector.elements + vector.count, added.elements, added.count * sizeof(ANTLR3_VECTOR_ELEMENT));
+    vector.count += added.count;
+}
+
 // Lists can lie in lists as deep as the text nests: each keeps the way back and the place reached in itself.
 void AppendAllOf(FastParser& parser, Tree tree, Tree list) {
+    if (list->savedIndex != kHasLists) {
+        if (list->children != nullptr) AppendElements(parser, tree, *list->children);
+        return;
+    }
     qzNodeOf(list)->parent = nullptr;
     qzNodeOf(list)->childIndex = 0;
     for (Node open = qzNodeOf(list); open != nullptr;) {
@@ -138,7 +163,11 @@ void AppendAllOf(FastParser& parser, Tree tree, Tree list) {
 }
 
 void AddListToList(FastParser& parser, Tree list, Tree added) {
-    if (CountOf(added) > kFew) return Append(parser, list, added);
+    if (CountOf(added) > kFew) {
+        list->savedIndex = kHasLists;
+        return Append(parser, list, added);
+    }
+    if (added->savedIndex == kHasLists) list->savedIndex = kHasLists;
     for (ANTLR3_UINT32 i = 0; i < CountOf(added); ++i) Append(parser, list, ChildOf(added, i));
 }
 
