@@ -20,6 +20,7 @@ skip() {
 . /etc/os-release
 [ "$ID" = debian ] || skip "this system is not Debian"
 command -v mmdebstrap >/dev/null || skip "mmdebstrap is not installed"
+command -v lintian >/dev/null || skip "lintian is not installed"
 command -v dpkg-shlibdeps >/dev/null || skip "dpkg-dev is not installed"
 [ "$(id -u)" = 0 ] || unshare --user true 2>/dev/null || skip "there are neither root's rights nor user namespaces"
 /usr/lib/apt/apt-helper download-file "$mirror/dists/$VERSION_CODENAME/InRelease" "$work/InRelease" >/dev/null 2>&1 ||
@@ -28,6 +29,7 @@ command -v dpkg-shlibdeps >/dev/null || skip "dpkg-dev is not installed"
 cpack --config "$build/CPackConfig.cmake" -B "$work/made" >"$work/log" 2>&1 || { cat "$work/log" >&2; exit 1; }
 mkdir "$work/packages"
 mv "$work"/made/*.deb "$work/packages"
+lintian --allow-root --fail-on error,warning "$work"/packages/*.deb
 cp -r "$here/consumer" "$here/check_consumers.sh" "$work/packages"
 for package in "$work"/packages/*.deb; do
     dpkg-deb --field "$package" Package Version Depends
