@@ -2,6 +2,7 @@
 
 import re
 import sys
+import textwrap
 from datetime import datetime, timezone
 from email.utils import format_datetime
 from pathlib import Path
@@ -13,5 +14,6 @@ if not releases:
     sys.exit(f"{changes} has no heading like: ## 1.0.0, 2026-11-21")
 for version, day, items in releases:
     date = datetime.fromisoformat(day).replace(hour=12, tzinfo=timezone.utc)
-    text = re.sub(r"^(- |  )", lambda mark: "  * " if mark.group(1) == "- " else "    ", items.strip(), flags=re.M)
+    text = "\n".join(textwrap.fill(" ".join(item.split()), 80, initial_indent="  * ", subsequent_indent="    ")
+                     for item in re.split(r"^- ", items, flags=re.M)[1:])
     print(f"{package} ({version}) unstable; urgency=medium\n\n{text}\n\n -- {maintainer}  {format_datetime(date)}\n")
