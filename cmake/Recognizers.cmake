@@ -4,6 +4,8 @@ find_program(ANTLR3_TOOL antlr3 REQUIRED)
 # The recognizers have two forms: fast ones, and plain ones as the tool writes them, to hold the fast ones against.
 option(QZ_PLAIN_RECOGNIZERS "Build the library with the plain recognizers" OFF)
 
+set(QZ_TOOL_FOLDER ${PROJECT_BINARY_DIR}/antlr3 CACHE PATH "Where the output of the ANTLR 3 tool is kept; builds may share it")
+
 set(generate_script ${PROJECT_SOURCE_DIR}/cmake/generate_recognizers.py)
 
 # qz_recognizers(GRAMMAR_FILE): two object libraries of the recognizers made from a grammar, <Grammar>_fast_recognizers
@@ -20,6 +22,7 @@ function(qz_recognizers grammar_file)
     add_custom_command(
         OUTPUT ${plain_parser} ${fast_parser} ${shared} ${tokens_header}
         COMMAND ${Python3_EXECUTABLE} ${generate_script} ${CMAKE_CURRENT_SOURCE_DIR}/${grammar_file} ${out} ${tokens_header}
+            ${QZ_TOOL_FOLDER}
         DEPENDS ${grammar_file} ${generate_script} ${PROJECT_SOURCE_DIR}/cmake/fast_parser.py
         COMMENT "Generating the recognizers of ${name}"
         VERBATIM)

@@ -2,12 +2,17 @@
 """Makes the recognizers of one grammar: runs the ANTLR 3 tool, lets no real warning of it through, and fits the C files
 to this library (dialect/recognizer.h). Also writes the grammar's table of functions and the header of its token types.
 
-    generate_recognizers.py GRAMMAR.g OUTPUT_FOLDER TOKENS_HEADER
+    generate_recognizers.py GRAMMAR.g OUTPUT_FOLDER TOKENS_HEADER KEPT_FOLDER
+
+What the tool makes of a grammar is kept in KEPT_FOLDER, for the builds to come.
 """
 
+import hashlib
 import re
+import shutil
 import subprocess
 import sys
+import tempfile
 from pathlib import Path
 
 from fast_parser import fast_parser
@@ -22,6 +27,19 @@ def run_tool(grammar: Path, output: Path) -> None:
     real = [line for line in lines if line.strip() and not NOISE.match(line)]
     if real or run.returncode != 0:
         sys.exit("\n".join(real) or f"antlr3 ended with code {run.returncode}")
+
+
+def take_tool_output(grammar: Path, output: Path, kept: Path) -> None:
+    digest = hashlib.sha256(grammar.read_bytes()).hexdigest()[:16]
+    made = kept / f"{grammar.stem}-{digest}"
+    if not made.is_dir():
+        kept.mkdir(parents=True, exist_ok=True)
+        with tempfile.TemporaryDirectory(dir=kept) as folder:
+            fresh = Path(folder) / "fresh"
+            fresh.mkdir()
+            run_tool(grammar, fresh)
+            fresh.rename(made)
+    shutil.copytree(made, output, dirs_exist_ok=True)
 
 
 def include_support(text: str, header: str, defines: str = "") -> str:
@@ -149,14 +167,14 @@ const struct QZGrammar qzGrammar{name} = {{"{name}", tokenNames, sizeof tokenNam
 
 
 def main() -> None:
-    grammar, output = Path(sys.argv[1]).resolve(), Path(sys.argv[2])
+    grammar, output, tokens_header, kept = map(Path, sys.argv[1:])
+    grammar = grammar.resolve()
     name = grammar.stem
-    output.mkdir(parents=True, exist_ok=True)
-    run_tool(grammar, output)
+    take_tool_output(grammar, output, kept)
     fit_lexer(output / f"{name}Lexer.c", name)
     entry = fit_parser(output / f"{name}Parser.c", name)
     names, literals = read_tokens(output / f"{name}.tokens")
-    write_token_header(Path(sys.argv[3]), name, names)
+    write_token_header(tokens_header, name, names)
     write_table(output / f"{name}Grammar.c", name, entry, display_names(names, literals))
 
 

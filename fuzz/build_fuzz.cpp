@@ -7,7 +7,7 @@
 #include "QZParserSQL/dialect/QZRecognizers.h"
 #include "QZParserSQL/front/BuildQueryInfo.h"
 #include "QZParserSQL/platform/Console.h"
-#include "fuzz/FuzzText.h"
+#include "fuzz/FuzzInput.h"
 #include "host/catalog_objects.h"
 #include "host/database_kinds.h"
 #include "host/query_sources.h"
@@ -44,17 +44,13 @@ std::vector<CQZQueryInfo*> WithoutRings(const concrete::Database& database) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* /*count*/, char*** /*arguments*/) {
-    QZSetConsoleSink([](void*, std::string_view) {}, nullptr);
-    return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t kMostQueries = 6;
     const QZReporter silent{[](void*, const QZReport&) {}, nullptr, nullptr};
+    QZSetConsoleSink([](void*, std::string_view) {}, nullptr);
     concrete::Database database;
     FillTables(database);
-    std::vector<std::string_view> texts = LinesOf(data, size);
+    std::vector<std::string_view> texts = LinesOf(BytesOf(data, size));
     if (texts.size() > kMostQueries) texts.resize(kMostQueries);
     for (std::size_t number = 0; number < texts.size(); ++number) {
         concrete::Query& query = database.AddQuery(CString::FromUtf8("q" + std::to_string(number)));

@@ -8,7 +8,7 @@
 #include "QZParserSQL/MSAccess_v3/CQZMSAccessSQL_v3Parcer.h"
 #include "QZParserSQL/Oracle/CQZOracleParser.h"
 #include "QZParserSQL/dialect/QZRecognizers.h"
-#include "fuzz/FuzzText.h"
+#include "fuzz/FuzzInput.h"
 
 namespace {
 
@@ -26,8 +26,8 @@ void WalkWhole(CQZSQLTree& root) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    CString text = TextOf({reinterpret_cast<const char*>(data), size});
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    CString text = TextOf(BytesOf(data, size));
     const QZReporter reporter{[](void*, const QZReport& report) {
                                   if (report.message.empty()) std::abort();
                               },

@@ -1,12 +1,16 @@
-// Any bytes as the file of a store, and any sections and keys as a catalog.
-#include <fuzzer/FuzzedDataProvider.h>
+// Any bytes as the file of a store, where they begin like one; and else any sections and keys as a catalog. These are
+// written in lines: `[Name` opens a section, `]` closes it, `Key=12` is a number, `Key:text` a text; others are
+// nothing.
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
+#include "fuzz/FuzzInput.h"
 #include "host/catalog_check.h"
 #include "host/catalog_factory.h"
 #include "host/catalog_file.h"
@@ -14,54 +18,47 @@
 
 namespace {
 
-constexpr const char* kSections[] = {"Options", "Common",      "Tables", "Queries",     "Fields",
-                                     "Indexes", "ForeignKeys", "Filter", "Condition",   "Value",
-                                     "Table0",  "Table1",      "Query0", "Query1",      "Field0",
-                                     "Field1",  "Index0",      "Index1", "ForeignKey0", "Condition0"};
-constexpr const char* kKeys[] = {
-    "Name",         "SrcName",       "Type",       "Selected", "LowerCase",  "Length",         "DataType",
-    "State",        "Version",       "DBType",     "CopyData", "SQLQuery",   "UseSQLQuery",    "SyncInsert",
-    "SyncDrop",     "CopyStructure", "Field",      "FieldID",  "Condition",  "IsNULL",         "Value",
-    "ConditionAdd", "CaseState",     "SchemaName", "Quant",    "MaxThreads", "GarbageSymbols", "ModifyFields",
-    "Text",         "Dialect",       "Referenced", "Collation"};
+constexpr std::string_view kFileHead = "SQLite format 3";
 
-void Fill(MemorySection& section, FuzzedDataProvider& input, int depth) {
-    while (input.remaining_bytes() > 0) {
-        switch (input.ConsumeIntegralInRange(0, 3)) {
-            case 0:
-                section.numbers[input.PickValueInArray(kKeys)] = input.ConsumeIntegral<int>();
-                break;
-            case 1:
-                section.texts[input.PickValueInArray(kKeys)] = CString::FromUtf8(input.ConsumeRandomLengthString(40));
-                break;
-            case 2:
-                if (depth < 8) Fill(section[input.PickValueInArray(kSections)], input, depth + 1);
-                break;
-            default:
-                return;
+void Fill(MemorySection& root, std::string_view bytes) {
+    std::vector<MemorySection*> open = {&root};
+    for (const std::string_view line : LinesOf(bytes)) {
+        const auto sign = line.find_first_of("=:");
+        if (!line.empty() && line[0] == '[') {
+            open.push_back(&(*open.back())[std::string(line.substr(1))]);
+        } else if (line == "]" && open.size() > 1) {
+            open.pop_back();
+        } else if (sign != std::string_view::npos) {
+            const std::string key(line.substr(0, sign));
+            const std::string value(line.substr(sign + 1));
+            if (line[sign] == ':') open.back()->texts[key] = TextOf(value);
+            if (line[sign] == '=') open.back()->numbers[key] = std::atoi(value.c_str());
         }
     }
 }
 
-void LoadSections(FuzzedDataProvider& input) {
+void LoadSections(std::string_view bytes) {
     MemoryStore store;
-    Fill(store.root, input, 0);
+    Fill(store.root, bytes);
     qzsql::CatalogFactory factory;
-    qzsql::CatalogDatabase database(*qzsql::FindKind(input.PickValueInArray({1, 2, 8, 16})));
+    const auto* kind = qzsql::FindKind(store.root.numbers["DBType"]);
+    qzsql::CatalogDatabase database(kind != nullptr ? *kind : qzsql::DefaultKind());
     database.Load(&store, &factory);
     qzsql::CheckCatalog(database);
     MemoryStore again;
     database.Save(&again);
 }
 
-void LoadFile(const std::string& bytes) {
+void LoadFile(std::string_view bytes) {
     const std::string path = std::filesystem::temp_directory_path() / ("qzstore" + std::to_string(::getpid()));
     std::ofstream(path, std::ios::binary) << bytes;
     try {
         const auto database = qzsql::LoadCatalog(path);
         qzsql::CheckCatalog(*database);
+        qzsql::CatalogEdit edit(path);
+        edit.Save();
     } catch (const qzsql::StoreError& error) {
-        if (error.what()[0] == '\0') __builtin_trap();
+        if (error.what()[0] == '\0') std::abort();
     }
     std::remove(path.c_str());
     std::remove((path + "-journal").c_str());
@@ -69,12 +66,12 @@ void LoadFile(const std::string& bytes) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    FuzzedDataProvider input(data, size);
-    if (input.ConsumeBool()) {
-        LoadSections(input);
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view bytes = BytesOf(data, size);
+    if (bytes.substr(0, kFileHead.size()) == kFileHead) {
+        LoadFile(bytes);
     } else {
-        LoadFile(input.ConsumeRemainingBytesAsString());
+        LoadSections(bytes);
     }
     return 0;
 }

@@ -3,7 +3,7 @@
 
 build_packages="g++ cmake ninja-build pkg-config python3-minimal antlr3 libantlr3c-dev libicu-dev libfmt-dev libcli11-dev
     libgraphviz-dev libsqlite3-dev"
-test_packages="libgtest-dev nlohmann-json3-dev python3 clang doxygen mandoc zsh"
+test_packages="libgtest-dev nlohmann-json3-dev python3 clang libclang-rt-14-dev doxygen mandoc zsh"
 package_packages="dpkg-dev lintian mmdebstrap"
 lint_packages="clang-format clang-tidy"
 valgrind_packages="valgrind"
