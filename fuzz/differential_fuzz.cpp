@@ -1,6 +1,6 @@
 // What the plain recognizers make of a text and what the fast ones make of it. The first byte chooses the grammar.
-#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <string>
 
 #include "fuzz/FuzzInput.h"
@@ -23,6 +23,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string plain = PlainRecordOf(grammar, text);
     const std::string fast = RecordOf(*GrammarOf(grammar), text);
     if (plain == fast || IsNestedTooDeep(plain) || IsNestedTooDeep(fast)) return 0;
-    std::fprintf(stderr, "%s, plain:\n%s\nfast:\n%s\n", grammar, plain.c_str(), fast.c_str());
+    std::cerr << grammar << ", plain:\n" << plain << "\nfast:\n" << fast << "\n";
     std::abort();
 }

@@ -2,10 +2,11 @@
 // time.
 //
 //     replay MUTATIONS FOLDER...
-#include <cstdio>
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <random>
 #include <string>
@@ -67,18 +68,18 @@ void Run(const std::string& input) {
 
 int main(int count, char** arguments) {
     if (count < 3) {
-        std::fputs("replay MUTATIONS FOLDER...\n", stderr);
+        std::cerr << "replay MUTATIONS FOLDER...\n";
         return 2;
     }
     const std::vector<std::string> inputs = InputsIn({arguments + 2, arguments + count});
     if (inputs.empty()) {
-        std::fputs("there are no inputs\n", stderr);
+        std::cerr << "there are no inputs\n";
         return 2;
     }
     for (const std::string& input : inputs) Run(input);
     const unsigned long mutations = std::strtoul(arguments[1], nullptr, 10);
     Mutator mutator(inputs);
     for (unsigned long done = 0; done < mutations; ++done) Run(mutator.Next());
-    std::printf("%zu inputs, %lu mutations\n", inputs.size(), mutations);
+    std::cout << inputs.size() << " inputs, " << mutations << " mutations\n";
     return 0;
 }

@@ -3,7 +3,6 @@
 // nothing.
 #include <unistd.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -32,7 +31,8 @@ void Fill(MemorySection& root, std::string_view bytes) {
             const std::string key(line.substr(0, sign));
             const std::string value(line.substr(sign + 1));
             if (line[sign] == ':') open.back()->texts[key] = TextOf(value);
-            if (line[sign] == '=') open.back()->numbers[key] = std::atoi(value.c_str());
+            if (line[sign] == '=')
+                open.back()->numbers[key] = static_cast<int>(std::strtol(value.c_str(), nullptr, 10));
         }
     }
 }
@@ -60,8 +60,8 @@ void LoadFile(std::string_view bytes) {
     } catch (const qzsql::StoreError& error) {
         if (error.what()[0] == '\0') std::abort();
     }
-    std::remove(path.c_str());
-    std::remove((path + "-journal").c_str());
+    std::filesystem::remove(path);
+    std::filesystem::remove(path + "-journal");
 }
 
 }  // namespace
