@@ -7,6 +7,7 @@ test_packages="libgtest-dev nlohmann-json3-dev python3 clang libclang-rt-14-dev 
 package_packages="dpkg-dev lintian mmdebstrap"
 lint_packages="clang-format clang-tidy"
 valgrind_packages="valgrind"
+coverage_packages="gcovr"
 bench_packages="libbenchmark-dev python3"
 
 missing_of() {

@@ -2,6 +2,7 @@
 // finds.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <unordered_map>
 #include <vector>
@@ -30,12 +31,20 @@ class NameIndex {
         /// Calls visit(name) for the first of each key among those with the numbers from `first` to before `last`.
         template <class Visit>
         void ForEachFirst(std::size_t first, std::size_t last, Visit visit) const {
-            for (std::size_t number = first; number < last; ++number)
-                if (m_Names[number].earlier <= first) visit(m_Names[number]);
+            for (std::size_t number = first; number < last;) {
+                const std::size_t others = OthersFrom(number, first);
+                if (others == 0) visit(m_Names[number]);
+                number += std::max<std::size_t>(others, 1);
+            }
         }
 
      private:
+        /// How many names from this one on are surely no first ones of their keys behind `first`; 0 for one that is.
+        std::size_t OthersFrom(std::size_t number, std::size_t first) const;
+
         std::vector<Name> m_Names;
+        /// The least `earlier` in each block of 2, 4, 8, ... names.
+        std::vector<std::vector<std::size_t>> m_Least;
         std::unordered_map<CString, std::size_t> m_Latest;
     };
 

@@ -103,6 +103,7 @@ void StateSelectQuery::CollectAliases() {
 }
 
 void StateSelectQuery::ScanAliases() {
+    if (Walk().IsFull()) return;
     const auto& [names, range] = NamesHere();
     names.aliases.ForEachFirst(range.firstAlias, range.lastAlias, [this](const NameIndex::Name& alias) {
         Later(&StateSelectQuery::DeclareAlias, {alias.node});
@@ -181,6 +182,7 @@ void StateSelectQuery::CollectSources() {
 }
 
 void StateSelectQuery::ScanSources() {
+    if (Walk().IsFull()) return;
     const auto& [names, range] = NamesHere();
     names.tables.ForEachFirst(range.firstTable, range.lastTable, [this](const NameIndex::Name& table) {
         if (Walk().IsFull() || (!table.behindDatabase && IsAlias(table.text, NameOf::Table))) return;

@@ -72,6 +72,19 @@ TEST(Facade, IsDestroyedInAnyState) {
     parser.SetSQL(text);
 }
 
+TEST(Facade, IsNotTouchedByTheReleaseOfMemory) {
+    CString text(u"SELECT a FROM t");
+    CQZMSAccessSQL_v3Parcer parser;
+    parser.SetSQL(text);
+    parser.ParseSQL();
+    const auto view = ViewOf(parser);
+    QZReleaseMemory();
+    EXPECT_EQ(Shape(*view), kTree);
+    EXPECT_EQ(Parsed(u"select [b c]"), kOtherTree);
+    QZReleaseMemory();
+    EXPECT_EQ(ShapeOf(parser), kTree);
+}
+
 TEST(Facade, ParsesNothingWithoutAText) {
     CQZMSAccessSQL_v3Parcer parser;
     parser.ParseSQL();

@@ -142,6 +142,48 @@ class CatalogCommands(Catalog):
         self.assertTrue(
             out.endswith("dialect: access\ntext:\nSELECT Orders.ID FROM Orders WHERE Orders.Amount > 0\n"), out)
 
+    def test_show_each_kind_of_object(self):
+        self.make("""
+CREATE TABLE Parts (No INT, Region INT, Rate DECIMAL(10,2), Code CHAR(3) UNIQUE, PRIMARY KEY (No, Region));
+CREATE TABLE Lines (No INT, Region INT, Note, FOREIGN KEY (No, Region) REFERENCES Parts (No, Region));
+CREATE TABLE Boxes (Part INT REFERENCES Parts);
+CREATE INDEX upper ON Parts (upper(Code), Rate);
+""")
+        for name, line in [
+            ("Parts.Rate", "field Rate: DECIMAL(10,2)"),
+            ("Parts.Code", "field Code: CHAR(3)"),
+            ("Lines.Note", "field Note"),
+            ("Parts.PRIMARY", "index PRIMARY: primary (No, Region)"),
+            ("Parts.sqlite_autoindex_Parts_1", "index sqlite_autoindex_Parts_1: unique (Code)"),
+            ("Parts.upper", "index upper: ((expression), Rate)"),
+            ("Lines.Lines_fk1", "foreign key Lines_fk1: (No, Region) -> Parts(No, Region)"),
+            ("Boxes.Boxes_fk1", "foreign key Boxes_fk1: (Part) -> Parts"),
+        ]:
+            out, _ = self.catalog("show", self.store, name)
+            self.assertEqual(out.splitlines()[:2], [line, "options:"])
+        self.assertEqual(self.shown("Parts.upper")["fields"], [{"field": ""}, {"field": "Rate"}])
+        self.assertEqual(self.shown("Parts.upper")["unique"], 0)
+        self.assertEqual(self.shown("Boxes.Boxes_fk1")["table"], "Parts")
+        self.assertEqual(self.shown("Boxes.Boxes_fk1")["fields"], [{"field": "Part"}])
+
+    def test_show_what_is_not_selected_or_filtered(self):
+        self.make()
+        self.catalog("set", self.store, "Orders.Due", "Selected", "0")
+        self.catalog("set", self.store, "Customers", "Selected", "0")
+        self.catalog("filter", self.store, "Orders", "Amount", ">", "5")
+        self.assertEqual(self.catalog("show", self.store, "Orders.Due")[0].splitlines()[0],
+                         "field Due: DATE, not selected")
+        out, _ = self.catalog("show", self.store)
+        self.assertIn("\n  Customers: 3 fields, 1 index, 0 foreign keys, not selected\n", out)
+        self.assertIn("\n  Orders: 4 fields, 2 indexes, 1 foreign key, filtered\n", out)
+        self.assertEqual(self.shown("Orders")["filter"], "[Amount] > 5")
+
+    def test_names_that_are_not_utf8(self):
+        self.make()
+        run = self.run_bytes("catalog", "show", self.store, b"Order\xff")
+        self.assertEqual((run.returncode, run.stdout), (WRONG_USAGE, b""))
+        self.assertIn(b"an argument is not UTF-8", run.stderr)
+
     def test_a_second_import_of_the_same_is_refused(self):
         self.make()
         err = self.expect_untouched(WRONG_USAGE, "import", "--sqlite", self.database, self.store)
@@ -187,6 +229,12 @@ class CatalogCommands(Catalog):
         self.assertEqual(self.catalog("set", self.store, "Customers", "Name", "Größe")[0],
                          'Customers Name: "Customers" -> "Größe"\n')
         self.assertEqual(self.shown("Customers")["name"], "Customers")
+
+    def test_set_of_a_field_tells_its_table(self):
+        self.make()
+        self.assertEqual(self.catalog("set", self.store, "Customers.Rate", "LengthMapped", "12")[0],
+                         "Customers.Rate LengthMapped: -1 -> 12\n")
+        self.assertEqual(self.shown("Customers.Rate")["options"]["LengthMapped"], 12)
 
     def test_set_tells_what_stands_in_the_way(self):
         self.make()

@@ -197,11 +197,14 @@ class Models(CommandLine):
         out = self.results("model", "-d", "access", path)
         self.assertEqual(out.count("Class=Union"), members - 1)
 
-    def test_a_model_that_is_cut(self):
+    @staticmethod
+    def query_of_a_model_that_is_cut():
         fields = 1_500
         sql = "SELECT " + ", ".join(f"f{number}" for number in range(fields)) + " FROM t WHERE a IN (SELECT 1)"
-        sql += " AND a IN (SELECT 1)" * (fields - 1)
-        path = self.file("wide.sql", sql)
+        return sql + " AND a IN (SELECT 1)" * (fields - 1)
+
+    def test_a_model_that_is_cut(self):
+        path = self.file("wide.sql", self.query_of_a_model_that_is_cut())
         out, err = self.expect(NOT_CLEAN, "model", "-d", "access", path)
         self.assertTrue(out.splitlines()[0].endswith(" Cut=1"))
         self.assertEqual(err, f"qzsql: {path}: the model is cut: it would have more than two million objects\n")
@@ -219,6 +222,16 @@ class Models(CommandLine):
         out = self.results("batch", "-d", "access", "--emit", "model", "-j", "3", stdin=batch_of(*[QUERY] * 100))
         self.assertEqual([json.loads(line) for line in out.splitlines()],
                          [{"id": number, "status": "clean", "model": MODEL} for number in range(100)])
+
+
+    def test_a_batch_goes_on_behind_a_model_that_is_cut(self):
+        out, err = self.expect(NOT_CLEAN, "batch", "-d", "access", "--emit", "model",
+                               stdin=batch_of(self.query_of_a_model_that_is_cut(), QUERY))
+        cut, whole = out.splitlines()
+        self.assertTrue(cut.startswith('{"id":0,'), cut[:100])
+        self.assertIn('"Cut":1', cut)
+        self.assertEqual(json.loads(whole), {"id": 1, "status": "clean", "model": MODEL})
+        self.assertIn("the model is cut: it would have more than two million objects", err)
 
 
 class CatalogModels(Catalog):
