@@ -29,10 +29,10 @@ def main():
     (folder / "found").mkdir(exist_ok=True)
     before = set((folder / "found").iterdir())
     log_path = folder / f"{name}.log"
-    with open(log_path, "wb") as log:  # entropic schedules cost most of the time here
+    with open(log_path, "wb") as log:  # a new folder's runs all go alike; entropic schedules cost most of the time here
         code = subprocess.run(
             [program, f"-max_total_time={seconds}", f"-max_len={longest}", "-timeout=60", "-rss_limit_mb=4000",
-             "-entropic=0", f"-dict={folder / name}.dict", f"-artifact_prefix={folder / 'found' / name}-", corpus, *seeds],
+             "-seed=1", "-entropic=0", f"-dict={folder / name}.dict", f"-artifact_prefix={folder / 'found' / name}-", corpus, *seeds],
             stdout=log, stderr=subprocess.STDOUT, check=False).returncode
     text = log_path.read_text(errors="replace")
     found = set((folder / "found").iterdir()) - before
