@@ -1,5 +1,8 @@
 #include "QZParserSQL/Grammar/Predicates.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "QZParserSQL/Grammar/MySQLSelectTokens.h"
 #include "QZParserSQL/dialect/Token.h"
 #include "QZParserSQL/dialect/recognizer.h"
@@ -31,6 +34,11 @@ class Tokens {
 // the parenthesis around it.
 ANTLR3_UINT32& PartnerIn(Token opening) { return opening->user2; }
 ANTLR3_UINT32& AroundIn(Token opening) { return opening->user3; }
+
+// In an operator: the partner of the parenthesis of the first chain that came to it. In a partner: how far its chain
+// was read, the last operator while that goes on or where reading on failed.
+ANTLR3_UINT32& PartnerOfChainIn(Token logicalOperator) { return logicalOperator->user2; }
+ANTLR3_UINT32& EndOfChainIn(Token partner) { return partner->user3; }
 
 // Where a string or a quoted name that begins here ends; a mark without a partner is a token like any other.
 class QuoteEnds {
@@ -89,19 +97,35 @@ ANTLR3_BOOLEAN qzIsBehindFirstPair(pANTLR3_TOKEN_STREAM stream) {
            qzPartnerOf(tokens[0]) + 1 == next;
 }
 
+// A chain that came to the operator before went on from there as this one would. Where it failed short of this one's
+// partner, this one fails too: of chains in chains each is read on once, not once for each around it.
 ANTLR3_BOOLEAN qzGoesOnBefore(pANTLR3_PARSER parser, ANTLR3_MARKER partner) {
     const auto stream = parser->tstream->istream;
-    if (parser->rec->state->backtracking > 0 && qzWasNestedTooDeep(parser->rec)) return ANTLR3_FALSE;
-    return stream->index(stream) < partner;
+    const bool isGuess = parser->rec->state->backtracking > 0;
+    if (isGuess && qzWasNestedTooDeep(parser->rec)) return ANTLR3_FALSE;
+    const auto next = static_cast<ANTLR3_UINT32>(stream->index(stream));
+    if (next >= partner) return ANTLR3_FALSE;
+    if (!isGuess) return ANTLR3_TRUE;
+
+    const Tokens tokens(parser->tstream);
+    const auto own = static_cast<ANTLR3_UINT32>(partner);
+    auto& end = EndOfChainIn(tokens[own]);
+    auto& first = PartnerOfChainIn(tokens[next]);
+    if (first == 0) first = own;
+    end = first == own ? next : EndOfChainIn(tokens[first]);
+    return first == own || end > own;
 }
 
 ANTLR3_BOOLEAN qzIsReadToPartner(pANTLR3_TOKEN_STREAM stream, ANTLR3_MARKER partner) {
     const Tokens tokens(stream);
-    const auto next = stream->istream->index(stream->istream);
-    for (auto index = partner; index < next; ++index) {
-        if (tokens[static_cast<ANTLR3_UINT32>(index)]->type != MySQLSelect::RIGHT_PAREN) return ANTLR3_FALSE;
+    const auto next = static_cast<ANTLR3_UINT32>(stream->istream->index(stream->istream));
+    const auto own = static_cast<ANTLR3_UINT32>(partner);
+    auto& end = EndOfChainIn(tokens[own]);
+    end = next > own ? std::numeric_limits<ANTLR3_UINT32>::max() : std::max(end, next);
+    for (auto index = own; index < next; ++index) {
+        if (tokens[index]->type != MySQLSelect::RIGHT_PAREN) return ANTLR3_FALSE;
     }
-    return partner < next;
+    return own < next;
 }
 
 ANTLR3_BOOLEAN qzIsExponent(pANTLR3_COMMON_TOKEN word) {
