@@ -49,6 +49,10 @@ class QueryWalk {
     /// Counts objects of the model. From the bound on, a walk only closes what it has begun.
     void Count(std::size_t objects = 1) { m_nObjects += objects; }
     bool IsFull() const { return m_nObjects >= kBound; }
+    /// Counts a node that a scan reads: a few are as dear as an object, and nested SELECTs are read for each around them.
+    void CountRead() {
+        if (++m_nReads % kReadsOfAnObject == 0) Count();
+    }
 
     /// The names in the tree of the state that the build began with; null until they have been kept.
     const NameIndex* Names() const { return m_pNames.get(); }
@@ -71,6 +75,7 @@ class QueryWalk {
     };
 
     static constexpr std::size_t kBound = 2'000'000;
+    static constexpr std::size_t kReadsOfAnObject = 4;
 
     void Do(const Task& task);
     void ReverseFrom(std::size_t first);
@@ -81,5 +86,6 @@ class QueryWalk {
     std::unique_ptr<const NameIndex> m_pNames;
     std::unordered_map<const CQZSQLTree*, Aliases> m_Scanned;
     std::size_t m_nObjects = 0;
+    std::size_t m_nReads = 0;
     bool m_bRunning = false;
 };

@@ -5,7 +5,7 @@
 
 namespace {
 
-enum class Below { All, First };
+enum class Below { All, First, None };
 
 // Calls visit(node) for each node below `top`, in the order of the text; it says what is visited below the node.
 template <class Visit>
@@ -19,7 +19,16 @@ void ForEachNodeBelow(CQZSQLTree& top, Visit visit) {
         CQZSQLTree& node = *waiting.back();
         waiting.pop_back();
         const std::uint32_t count = node.GetChildCount();
-        add(node, visit(node) == Below::All ? count : std::min<std::uint32_t>(count, 1));
+        switch (visit(node)) {
+            case Below::All:
+                add(node, count);
+                break;
+            case Below::First:
+                add(node, std::min<std::uint32_t>(count, 1));
+                break;
+            case Below::None:
+                break;
+        }
     }
 }
 
@@ -199,6 +208,8 @@ void StateSelectQuery::CollectFields() {
 // Of a nested SELECT only the first child: the other clauses belong to its own state.
 void StateSelectQuery::ScanFields() {
     ForEachNodeBelow(*m_pTree, [this](CQZSQLTree& node) {
+        Walk().CountRead();
+        if (Walk().IsFull()) return Below::None;
         const NodeKind kind = KindOf(&node);
         if (kind == NodeKind::COLUMN_SPECIFICATION) Record(ScannedRecordOf(ReadColumn(node)));
         return kind == NodeKind::SELECT_QUERY ? Below::First : Below::All;
