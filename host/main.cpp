@@ -3,8 +3,10 @@
 
 #include <CLI/CLI.hpp>
 #include <csignal>
+#include <cstdlib>
 #include <exception>
 #include <functional>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -55,7 +57,7 @@ model as their JSON objects; a bad line is answered by {"id":...,"error":"line 3
 
 constexpr const char* kExitCodes =
     "Exit code: 0 done; 1 an input is not clean (check), nested too deep, or a record failed (batch); 2 wrong\n"
-    "usage; 3 an input can't be read or the output can't be written; the highest that applies.";
+    "usage; 3 an input can't be read or the output can't be written; 4 out of memory; the highest that applies.";
 
 std::string Footer(std::string_view about, std::string_view example) {
     return fmt::format("{}{}\n\nExample:\n  {}\n", about, kExitCodes, example);
@@ -127,22 +129,23 @@ class Showing {
 class Batch {
  public:
     explicit Batch(CLI::App& app) {
-        auto* command =
-            app.add_subcommand("batch", "answers records of newline-delimited JSON, one a line, in input order");
-        command->footer(
+        command_ = app.add_subcommand("batch", "answers records of newline-delimited JSON, one a line, in input order");
+        command_->footer(
             Footer(kBatchHelp, R"(echo '{"id":1,"sql":"SELECT a FROM t"}' | qzsql batch -d access --emit tree -j 4)"));
-        AddDialect(*command, request_.dialect, "the dialect of records that name none");
-        command->add_option("--emit", request_.emission, "what to answer with")
+        AddDialect(*command_, request_.dialect, "the dialect of records that name none");
+        command_->add_option("--emit", request_.emission, "what to answer with")
             ->required()
             ->check(CLI::IsMember(qzsql::EmissionNames()));
-        command->add_option("-j", request_.threads, "how many threads work")
+        command_->add_option("-j", request_.threads, "how many threads work")
             ->check(CLI::Range(1U, 256U))
             ->capture_default_str();
-        AddCatalog(*command, request_.catalog, request_.resolves);
-        command->add_option("FILE", request_.file, "the records in UTF-8; - is standard input")
+        AddCatalog(*command_, request_.catalog, request_.resolves);
+        command_->add_option("FILE", request_.file, "the records in UTF-8; - is standard input")
             ->type_name("")
             ->capture_default_str();
     }
+
+    bool IsChosen() const { return command_->parsed(); }
 
     ExitCode Run() const {
         const auto wrong = qzsql::WrongRequest(request_);
@@ -150,11 +153,23 @@ class Batch {
     }
 
  private:
+    CLI::App* command_;
     qzsql::BatchRequest request_;
 };
 
 /// What the builds of models tell on the console would be noise between thousands of queries.
 void DropConsoleLine(void* /*context*/, std::string_view /*line*/) {}
+
+/// Where nothing may be thrown, too, memory can run out.
+void Terminate() {
+    try {
+        if (const auto failure = std::current_exception()) std::rethrow_exception(failure);
+    } catch (const std::bad_alloc&) {
+        std::_Exit(qzsql::TellOutOfMemory({}));
+    } catch (...) {
+    }
+    std::abort();
+}
 
 /// Runs on a thread whose stack is large.
 int RunDeep(const std::function<ExitCode()>& run) {
@@ -169,7 +184,7 @@ int Main(int argc, char** argv) {
         "them.");
     app.name("qzsql");
     app.set_version_flag("--version", "qzsql " QZSQL_VERSION);
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1)->allow_extras();
     app.footer(Footer("", R"(qzsql tree -d access -e "SELECT a FROM t")"));
 
     Showing tokens(app, "tokens", "shows the tokens of queries",
@@ -194,7 +209,9 @@ int Main(int argc, char** argv) {
         if (showing->IsChosen()) return RunDeep([showing] { return showing->Run(); });
     }
     if (catalog.IsChosen()) return RunDeep([&catalog] { return catalog.Run(); });
-    return RunDeep([&batch] { return batch.Run(); });
+    if (batch.IsChosen()) return RunDeep([&batch] { return batch.Run(); });
+    qzsql::TellMissingCommand(app);
+    return qzsql::kWrongUsage;
 }
 
 }  // namespace
@@ -202,9 +219,12 @@ int Main(int argc, char** argv) {
 int main(int argc, char** argv) {
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN));  // a write tells who has gone
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));  // and that a file may not grow
+    std::set_terminate(Terminate);
     QZSetConsoleSink(DropConsoleLine, nullptr);
     try {
         return Main(argc, argv);
+    } catch (const std::bad_alloc&) {
+        return qzsql::TellOutOfMemory({});
     } catch (const std::exception& error) {
         qzsql::Tell(fmt::format("qzsql: {}\n", error.what()));
         return qzsql::kUnreadable;
