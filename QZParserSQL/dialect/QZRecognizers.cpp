@@ -84,7 +84,11 @@ void QZSetParserReporter(void* parser, const QZReporter* reporter) {
 
 QZTokenStream* QZNewTokenStream(void* lexer) {
     if (!qz::HasHeadroom(qz::kRuntimeNeeds)) return nullptr;
-    return antlr3CommonTokenStreamSourceNew(ANTLR3_SIZE_HINT, LexerOf(lexer)->rec->state->tokSource);
+    const auto stream = antlr3CommonTokenStreamSourceNew(ANTLR3_SIZE_HINT, LexerOf(lexer)->rec->state->tokSource);
+    if (qz::IsMade(stream->tokens)) return stream;
+    stream->tokens = nullptr;
+    stream->free(stream);
+    return nullptr;
 }
 
 std::uint32_t QZLexerErrorCount(const void* lexer) { return LexerOf(lexer)->rec->state->errorCount; }

@@ -177,6 +177,13 @@ std::size_t qz::MostTokens(const ANTLR3_COMMON_TOKEN_STREAM& stream) {
 
 void qz::FillStream(pANTLR3_COMMON_TOKEN_STREAM stream, TokenList& list) { Fill(stream, &list); }
 
+bool qz::IsWhole(ANTLR3_RECOGNIZER_SHARED_STATE& state) {
+    const bool isWhole = IsMade(state.rStreams) && IsMade(state.following);
+    if (!IsMade(state.rStreams)) state.rStreams = nullptr;
+    if (!IsMade(state.following)) state.following = nullptr;
+    return isWhole;
+}
+
 void qzFillStream(pANTLR3_COMMON_TOKEN_STREAM stream) {
     if (qz::IsToBeFilled(*stream)) {
         Fill(stream, nullptr);
@@ -189,7 +196,7 @@ pANTLR3_LEXER qzFastLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input,
                              pANTLR3_RECOGNIZER_SHARED_STATE state) {
     const auto lexer = qz::HasHeadroom(qz::kRuntimeNeeds) ? antlr3LexerNew(sizeHint, state) : nullptr;
     if (lexer == nullptr) return nullptr;
-    if (!Install(lexer, input)) {
+    if (!qz::IsWhole(*lexer->rec->state) || !Install(lexer, input)) {
         lexer->free(lexer);
         return nullptr;
     }

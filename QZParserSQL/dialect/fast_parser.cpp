@@ -182,7 +182,8 @@ pANTLR3_PARSER qzFastParserNew(ANTLR3_UINT32 sizeHint, pANTLR3_TOKEN_STREAM toke
     void* memory = std::malloc(sizeof(FastParser));  // the runtime frees it
     const bool hasMemory = memory != nullptr && qz::HasHeadroom(qz::kRuntimeNeeds);
     const auto made = hasMemory ? antlr3ParserNewStream(sizeHint, tokens, state) : nullptr;
-    if (made == nullptr) {
+    if (made == nullptr || !qz::IsWhole(*made->rec->state)) {
+        if (made != nullptr) made->free(made);
         std::free(memory);
         return nullptr;
     }

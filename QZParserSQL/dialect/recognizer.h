@@ -49,6 +49,11 @@ pANTLR3_BASE_TREE qzWholeTree(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_BASE_TR
 
 #ifdef __cplusplus
 }
+
+namespace qz {
+// The runtime's collections answer with a number where memory fails.
+inline bool IsMade(const void* collection) { return collection != ANTLR3_FUNC_PTR(ANTLR3_ERR_NOMEM); }
+}  // namespace qz
 #endif
 
 /* For generated files only. */

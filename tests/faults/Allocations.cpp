@@ -1,7 +1,10 @@
 #include "tests/faults/Allocations.h"
 
+#include <execinfo.h>
+
 #include <atomic>
 #include <cerrno>
+#include <iterator>
 
 // The process's own allocation functions stand before those of the C library, which they call.
 extern "C" {
@@ -15,12 +18,12 @@ namespace {
 
 std::atomic<std::size_t> allocationCount{0};
 std::atomic<std::size_t> failingAllocation{0};
-std::atomic<const void*> failedCaller{nullptr};
+allocations::Askers askers;
 std::atomic<std::ptrdiff_t> liveBlocks{0};
 
-bool Fails(const void* caller) {
+bool Fails() {
     if (++allocationCount != failingAllocation) return false;
-    failedCaller = caller;
+    askers.count = backtrace(askers.frames, static_cast<int>(std::size(askers.frames)));
     errno = ENOMEM;
     return true;
 }
@@ -33,15 +36,15 @@ void* Counted(void* block) {
 }  // namespace
 
 extern "C" void* malloc(std::size_t size) {
-    return Fails(__builtin_return_address(0)) ? nullptr : Counted(__libc_malloc(size));
+    return Fails() ? nullptr : Counted(__libc_malloc(size));
 }
 
 extern "C" void* calloc(std::size_t count, std::size_t size) {
-    return Fails(__builtin_return_address(0)) ? nullptr : Counted(__libc_calloc(count, size));
+    return Fails() ? nullptr : Counted(__libc_calloc(count, size));
 }
 
 extern "C" void* realloc(void* block, std::size_t size) {
-    if (Fails(__builtin_return_address(0))) return nullptr;
+    if (Fails()) return nullptr;
     void* moved = __libc_realloc(block, size);
     return block == nullptr ? Counted(moved) : moved;
 }
@@ -55,7 +58,7 @@ namespace allocations {
 
 void FailAt(std::size_t number) {
     allocationCount = 0;
-    failedCaller = nullptr;
+    askers.count = 0;
     failingAllocation = number;
 }
 
@@ -63,6 +66,6 @@ std::size_t Count() { return allocationCount; }
 
 std::ptrdiff_t Live() { return liveBlocks; }
 
-const void* Failed() { return failedCaller; }
+const Askers& Failed() { return askers; }
 
 }  // namespace allocations

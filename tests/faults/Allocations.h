@@ -12,7 +12,11 @@ void FailAt(std::size_t number);
 std::size_t Count();
 /// Blocks that are allocated and not freed.
 std::ptrdiff_t Live();
-/// The place that asked for what failed.
-const void* Failed();
+/// Who asked for what failed: the addresses on the stack, the asker first; none where nothing failed.
+struct Askers {
+    void* frames[24];
+    int count = 0;
+};
+const Askers& Failed();
 
 }  // namespace allocations

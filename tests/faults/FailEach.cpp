@@ -30,16 +30,46 @@ bool IsIn(const void* address, std::string_view library) {
 
 bool IsInRuntime(const void* address) { return IsIn(address, "/libantlr3c"); }
 
+// Ours are the frames of the allocation function and of what it calls.
+bool HasRuntimeAsked() {
+    const auto& asked = allocations::Failed();
+    void* ours = reinterpret_cast<void*>(&FailEach);
+    Dl_info here;
+    dladdr(ours, &here);
+    int first = 0;
+    while (first < asked.count && IsIn(asked.frames[first], here.dli_fname)) ++first;
+    return first < asked.count && first <= 2 && IsInRuntime(asked.frames[first]);
+}
+
+// What it was that failed.
+void TellAskers() {
+    const auto& asked = allocations::Failed();
+    backtrace_symbols_fd(asked.frames, asked.count, STDERR_FILENO);
+}
+
+// Where the runtime calls what it has not set, there is no stack to read.
+void EndCrashedTwice(int /*signal*/) { _exit(HasRuntimeAsked() ? kRuntimeCrashed : kCrashed); }
+
+void HandleCrashes(void (*handle)(int)) {
+    for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT}) {
+        struct sigaction action {};
+        action.sa_handler = handle;
+        action.sa_flags = SA_NODEFER;
+        sigaction(signal, &action, nullptr);
+    }
+}
+
 // The frames are this function's, the C library's that called it, and then those of the crash: within the C library, or
-// at no address at all, it is its caller's.
+// at no address of code, it is its caller's.
 void EndCrashed(int /*signal*/) {
+    HandleCrashes(EndCrashedTwice);
     void* frames[24];
     const int count = backtrace(frames, 24);
     int first = 1;
     Dl_info info;
     while (first < count && (dladdr(frames[first], &info) == 0 || IsIn(frames[first], "/libc.so"))) ++first;
-    if (first < count && IsInRuntime(frames[first])) _exit(kRuntimeCrashed);
-    backtrace_symbols_fd(frames, count, STDERR_FILENO);
+    if (HasRuntimeAsked() && (first == count || IsInRuntime(frames[first]))) _exit(kRuntimeCrashed);
+    TellAskers();
     _exit(kCrashed);
 }
 
@@ -59,15 +89,16 @@ Outcome RunFailing(const Work& work, const std::string& whole, std::size_t faili
     const std::ptrdiff_t before = allocations::Live();
     allocations::FailAt(failing);
     const Outcome outcome = Run(work, whole);
-    const bool isRuntimes = IsInRuntime(allocations::Failed());
-    if (allocations::Live() > before) return isRuntimes ? kRuntimeLeaked : kLeaked;
+    if (allocations::Live() > before) return HasRuntimeAsked() ? kRuntimeLeaked : kLeaked;
     return outcome;
 }
 
 [[noreturn]] void RunInChild(const Work& work, const std::string& whole, std::size_t failing) {
-    for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT}) std::signal(signal, EndCrashed);
+    HandleCrashes(EndCrashed);
     alarm(kPatience);
-    _exit(RunFailing(work, whole, failing));
+    const Outcome outcome = RunFailing(work, whole, failing);
+    if (outcome > kRuntimeLeaked) TellAskers();
+    _exit(outcome);
 }
 
 struct Cases {
@@ -101,7 +132,7 @@ void FailEach(const Work& work, const std::function<void()>& expectAfter) {
         waitpid(child, &status, 0);
         auto& cases = outcomes[WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status)];
         if (cases.count++ == 0) cases.first = failing;
-        if (expectAfter) expectAfter();
+                if (expectAfter) expectAfter();
     }
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
     std::printf("%zu allocations: %zu whole, %zu told, the runtime crashed %zu times and leaked %zu; %.1f s\n", count,
