@@ -36,7 +36,8 @@ constexpr const char* kFilterHelp =
 
 constexpr const char* kExitCodes =
     "Exit code: 0 done; 1 a rule refuses (set), there are faults (check); 2 wrong usage, unknown names\n"
-    "included; 3 the store or an input can't be read or written; 4 out of memory. What fails leaves the store as it was.";
+    "included; 3 the store or an input can't be read or written; 4 out of memory. What fails leaves the store as it "
+    "was.";
 
 CLI::Validator KnownKind() {
     return {[](std::string& name) {
@@ -57,7 +58,6 @@ CLI::Option* AddName(CLI::App& command, const char* name, std::string& to, const
 }  // namespace
 
 CatalogCommandLine::CatalogCommandLine(CLI::App& app) : command_(app.add_subcommand("catalog", kAbout)) {
-    command_->require_subcommand(0, 1)->allow_extras();
     command_->footer(
         fmt::format("{}\n\nExample:\n  qzsql catalog init shop.qzc && qzsql catalog show shop.qzc\n", kExitCodes));
     AddInit();
@@ -67,6 +67,7 @@ CatalogCommandLine::CatalogCommandLine(CLI::App& app) : command_(app.add_subcomm
     AddSet();
     AddCheck();
     AddFilter();
+    command_->require_subcommand(0, 1)->allow_extras();  // of its own only
 }
 
 CLI::App& CatalogCommandLine::Add(const char* name, const char* about, const char* help, const char* example,
@@ -137,6 +138,10 @@ void CatalogCommandLine::AddFilter() {
 }
 
 ExitCode CatalogCommandLine::Run() const {
+    if (!command_->remaining().empty() || command_->get_subcommands().empty()) {
+        TellMissingCommand(*command_);
+        return kWrongUsage;
+    }
     for (const auto& [command, run] : commands_) {
         if (!command->parsed()) continue;
         try {
@@ -151,7 +156,6 @@ ExitCode CatalogCommandLine::Run() const {
             return kUnreadable;
         }
     }
-    TellMissingCommand(*command_);
     return kWrongUsage;
 }
 

@@ -129,23 +129,22 @@ class Showing {
 class Batch {
  public:
     explicit Batch(CLI::App& app) {
-        command_ = app.add_subcommand("batch", "answers records of newline-delimited JSON, one a line, in input order");
-        command_->footer(
+        auto* command =
+            app.add_subcommand("batch", "answers records of newline-delimited JSON, one a line, in input order");
+        command->footer(
             Footer(kBatchHelp, R"(echo '{"id":1,"sql":"SELECT a FROM t"}' | qzsql batch -d access --emit tree -j 4)"));
-        AddDialect(*command_, request_.dialect, "the dialect of records that name none");
-        command_->add_option("--emit", request_.emission, "what to answer with")
+        AddDialect(*command, request_.dialect, "the dialect of records that name none");
+        command->add_option("--emit", request_.emission, "what to answer with")
             ->required()
             ->check(CLI::IsMember(qzsql::EmissionNames()));
-        command_->add_option("-j", request_.threads, "how many threads work")
+        command->add_option("-j", request_.threads, "how many threads work")
             ->check(CLI::Range(1U, 256U))
             ->capture_default_str();
-        AddCatalog(*command_, request_.catalog, request_.resolves);
-        command_->add_option("FILE", request_.file, "the records in UTF-8; - is standard input")
+        AddCatalog(*command, request_.catalog, request_.resolves);
+        command->add_option("FILE", request_.file, "the records in UTF-8; - is standard input")
             ->type_name("")
             ->capture_default_str();
     }
-
-    bool IsChosen() const { return command_->parsed(); }
 
     ExitCode Run() const {
         const auto wrong = qzsql::WrongRequest(request_);
@@ -153,7 +152,6 @@ class Batch {
     }
 
  private:
-    CLI::App* command_;
     qzsql::BatchRequest request_;
 };
 
@@ -184,7 +182,6 @@ int Main(int argc, char** argv) {
         "them.");
     app.name("qzsql");
     app.set_version_flag("--version", "qzsql " QZSQL_VERSION);
-    app.require_subcommand(0, 1)->allow_extras();
     app.footer(Footer("", R"(qzsql tree -d access -e "SELECT a FROM t")"));
 
     Showing tokens(app, "tokens", "shows the tokens of queries",
@@ -199,19 +196,22 @@ int Main(int argc, char** argv) {
     model.AddModelOptions();
     const Batch batch(app);
     const qzsql::CatalogCommandLine catalog(app);
+    app.require_subcommand(0, 1)->allow_extras();  // so that we tell what is unknown
 
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? qzsql::kDone : qzsql::kWrongUsage;
     }
+    if (!app.remaining().empty() || app.get_subcommands().empty()) {
+        qzsql::TellMissingCommand(app);
+        return qzsql::kWrongUsage;
+    }
     for (auto* showing : {&tokens, &tree, &check, &model}) {
         if (showing->IsChosen()) return RunDeep([showing] { return showing->Run(); });
     }
     if (catalog.IsChosen()) return RunDeep([&catalog] { return catalog.Run(); });
-    if (batch.IsChosen()) return RunDeep([&batch] { return batch.Run(); });
-    qzsql::TellMissingCommand(app);
-    return qzsql::kWrongUsage;
+    return RunDeep([&batch] { return batch.Run(); });
 }
 
 }  // namespace

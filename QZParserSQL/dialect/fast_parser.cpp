@@ -157,8 +157,7 @@ pANTLR3_BITSET FollowOfAllRules(pANTLR3_BASE_RECOGNIZER recognizer) {
         AddUnion(parser, *static_cast<pANTLR3_BITSET_LIST>(stack->get(stack, parser.unionCount)));
     }
     const ANTLR3_UINT32 words = WordsOfUnion(parser);
-    const auto all = antlr3BitsetNew(words * ANTLR3_BITSET_BITS);
-    if (all == nullptr) throw std::bad_alloc();
+    const auto all = qz::NewBitset(words * ANTLR3_BITSET_BITS);
     if (sets > 0) std::copy_n(UnionOf(parser, sets), words, all->blist.bits);
     return all;
 }

@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <cstdlib>
 #include <memory>
 #include <new>
 #include <string>
@@ -43,7 +44,7 @@ class RuleMemo {
     pANTLR3_INT_TRIE Trie() { return &trie_; }
 
     // 0 for unknown, kFailed, or the index behind the rule's last token + kSuccess. Where memory fails, nothing is
-    // remembered: no exception may pass through generated code.
+    // remembered.
     ANTLR3_UINT32& At(ANTLR3_MARKER token, ANTLR3_MARKER rule) try {
         const auto place = static_cast<std::size_t>(token);
         if (place >= rows_.size()) rows_.resize(place + place / 2 + 64);
@@ -124,9 +125,7 @@ void Memoize(Recognizer recognizer, ANTLR3_MARKER rule, ANTLR3_MARKER start) {
 
 // ----------------------------------------------------------------------------------------------------------- reports
 
-const QZReporter* ReporterOf(Recognizer recognizer) {
-    return static_cast<const QZReporter*>(recognizer->state->userp);
-}
+const QZReporter* ReporterOf(Recognizer recognizer) { return static_cast<const QZReporter*>(recognizer->state->userp); }
 
 void Send(Recognizer recognizer, const QZReport& report) { qz::Send(ReporterOf(recognizer), report); }
 
@@ -275,8 +274,7 @@ bool IsSecondOpening(Recognizer recognizer, ANTLR3_UINT32 type) {
 // true as soon as the end of a rule is among it: so far the stack of rules is read, and no further.
 pANTLR3_BITSET FollowOfRulesAround(Recognizer recognizer) {
     const auto following = recognizer->state->following;
-    const auto all = antlr3BitsetNew(0);
-    if (all == nullptr) throw std::bad_alloc();
+    const auto all = qz::NewBitset(0);
     for (auto i = following->size(following); i > 0 && !all->isMember(all, ANTLR3_EOR_TOKEN_TYPE); --i) {
         const auto one = antlr3BitsetLoad(static_cast<pANTLR3_BITSET_LIST>(following->get(following, i - 1)));
         if (one == nullptr) continue;
@@ -333,6 +331,13 @@ void TellTooDeep(Recognizer recognizer) try {
 
 // --------------------------------------------------------------------------------------- called by generated
 // recognizers
+
+pANTLR3_BITSET qz::NewBitset(ANTLR3_UINT32 bits) {
+    const auto set = antlr3BitsetNew(bits);
+    if (set != nullptr && set->blist.bits != nullptr) return set;
+    std::free(set);
+    throw std::bad_alloc();
+}
 
 pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pANTLR3_RECOGNIZER_SHARED_STATE state) {
 #ifdef QZ_PLAIN_RECOGNIZERS

@@ -35,9 +35,7 @@ void* Counted(void* block) {
 
 }  // namespace
 
-extern "C" void* malloc(std::size_t size) {
-    return Fails() ? nullptr : Counted(__libc_malloc(size));
-}
+extern "C" void* malloc(std::size_t size) { return Fails() ? nullptr : Counted(__libc_malloc(size)); }
 
 extern "C" void* calloc(std::size_t count, std::size_t size) {
     return Fails() ? nullptr : Counted(__libc_calloc(count, size));

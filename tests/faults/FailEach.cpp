@@ -42,7 +42,8 @@ bool HasRuntimeAsked() {
 }
 
 // What it was that failed.
-void TellAskers() {
+void TellAskers(Outcome outcome) {
+    dprintf(STDERR_FILENO, "outcome %d where memory failed at\n", static_cast<int>(outcome));
     const auto& asked = allocations::Failed();
     backtrace_symbols_fd(asked.frames, asked.count, STDERR_FILENO);
 }
@@ -69,7 +70,7 @@ void EndCrashed(int /*signal*/) {
     Dl_info info;
     while (first < count && (dladdr(frames[first], &info) == 0 || IsIn(frames[first], "/libc.so"))) ++first;
     if (HasRuntimeAsked() && (first == count || IsInRuntime(frames[first]))) _exit(kRuntimeCrashed);
-    TellAskers();
+    TellAskers(kCrashed);
     _exit(kCrashed);
 }
 
@@ -97,7 +98,7 @@ Outcome RunFailing(const Work& work, const std::string& whole, std::size_t faili
     HandleCrashes(EndCrashed);
     alarm(kPatience);
     const Outcome outcome = RunFailing(work, whole, failing);
-    if (outcome > kRuntimeLeaked) TellAskers();
+    if (outcome > kRuntimeLeaked) TellAskers(outcome);
     _exit(outcome);
 }
 
@@ -132,7 +133,7 @@ void FailEach(const Work& work, const std::function<void()>& expectAfter) {
         waitpid(child, &status, 0);
         auto& cases = outcomes[WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status)];
         if (cases.count++ == 0) cases.first = failing;
-                if (expectAfter) expectAfter();
+        if (expectAfter) expectAfter();
     }
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - began;
     std::printf("%zu allocations: %zu whole, %zu told, the runtime crashed %zu times and leaked %zu; %.1f s\n", count,

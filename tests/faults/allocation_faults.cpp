@@ -89,12 +89,16 @@ Made BuildAndResolve(const CString& sql) {
     query.SetDatabase(&database);
     query.SetSQL(sql);
     const bool isWhole = QZBuildQuery(&query, kDbMSAccess, &reports.reporter);
-    if (!isWhole || reports.isOutOfMemory) return {{}, true};
     query.ResolveSourceGUIDs();
     query.ResolveAllItems();
-    return {OutlineOf(query)};
+    const qzsql::ObjectLabels labels = {{table.GetGUID(), u"table:Orders"}};
+    Made made;
+    qzsql::AppendModelText(made.text, {QZGrammarMSAccessSQL_v3(), query, isWhole, &labels});
+    made.isTold = reports.isOutOfMemory;
+    return made;
 }
 
+// What a build without memory leaves can be resolved and shown like any other.
 TEST(AllocationFaults, OfABuildWithResolution) {
     QZSetConsoleSink([](void*, std::string_view) {}, nullptr);
     const CString sql =

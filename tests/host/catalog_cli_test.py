@@ -98,6 +98,8 @@ class CatalogCommands(Catalog):
         _, err = self.expect(WRONG_USAGE, "catalog")
         self.assertIn("a command is missing. The commands are init, import, add-query, show, set, check, filter;", err)
         _, err = self.expect(WRONG_USAGE, "catalog", "sho", self.store)
+        self.expect(WRONG_USAGE, "catalog", "show", self.store, "--unknown")
+        self.expect(WRONG_USAGE, "catalog", "unknown", "show", self.store)
         self.assertIn("unknown command 'sho'. Did you mean show? The commands are init,", err)
 
     def test_import_and_show(self):
