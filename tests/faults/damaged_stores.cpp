@@ -1,10 +1,11 @@
-// Stores with damaged bytes: each command tells that or gives a result, and none loses what is sound. A file in which
+// Stores with damaged bytes: each command tells that or gives a result, and none loses what is intact. A file in which
 // SQLite finds damage is not changed.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -65,21 +66,25 @@ std::set<std::string> Rows(const std::string& path, const std::string& sql) {
     return rows;
 }
 
-// Rows of both tables below each table of the catalog: its own path of sections, then all that lies below it.
-constexpr const char* kRowsByTable = R"(
-    WITH RECURSIVE path (id, line, owner) AS (
-        SELECT id, id || ' ' || parent || ' ' || name, '' FROM section WHERE parent = 0
+/// Where each table of the catalog stands, and what is written there.
+constexpr const char* kTableRows = R"(
+    WITH RECURSIVE place (id, path) AS (
+        SELECT id, name FROM section WHERE parent = 0
         UNION ALL
-        SELECT s.id, s.id || ' ' || s.parent || ' ' || s.name,
-               CASE WHEN path.owner = '' THEN coalesce((SELECT value FROM setting
-                   WHERE section = s.id AND name = 'SrcName' AND value LIKE 'Table%'), '') ELSE path.owner END
-        FROM section AS s JOIN path ON s.parent = path.id)
-    SELECT DISTINCT owner FROM path WHERE owner <> '')";
+        SELECT section.id, path || '/' || name FROM section JOIN place ON parent = place.id WHERE length(path) < 500)
+    SELECT value || char(9) || path || (SELECT group_concat(name || '=' || quote(value)) FROM setting WHERE section = id)
+    FROM place JOIN setting ON section = id WHERE name = 'SrcName' AND value LIKE 'Table%')";
 
 bool IsSound(const std::string& path) { return Rows(path, "PRAGMA integrity_check(1)") == std::set<std::string>{"ok"}; }
 
-/// The catalog's tables that the file still holds.
-std::set<std::string> TablesIn(const std::string& path) { return Rows(path, kRowsByTable); }
+/// The tables whose rows are as they were.
+std::set<std::string> IntactTables(const std::set<std::string>& rows, const std::set<std::string>& before) {
+    std::set<std::string> names;
+    for (const auto& row : rows) {
+        if (before.count(row) != 0) names.insert(row.substr(0, row.find('\t')));
+    }
+    return names;
+}
 
 std::set<std::string> TablesLoaded(const std::string& path) {
     std::set<std::string> names;
@@ -118,8 +123,9 @@ class DamagedStores : public testing::Test {
 TEST_F(DamagedStores, TellItOrGiveAResult) {
     const std::string& path = onDisk_.Path();
     const std::string whole = onDisk_.Bytes();
-    ASSERT_EQ(TablesIn(path).size(), static_cast<std::size_t>(kTables));
-    ASSERT_EQ(TablesIn(path), TablesLoaded(path));
+    const auto rows = Rows(path, kTableRows);
+    ASSERT_EQ(IntactTables(rows, rows), TablesLoaded(path));
+    ASSERT_EQ(rows.size(), static_cast<std::size_t>(kTables));
     const std::map<std::string, std::function<ExitCode()>> commands = {
         {"show",
          [&] {
@@ -132,7 +138,7 @@ TEST_F(DamagedStores, TellItOrGiveAResult) {
          }},
         {"set",
          [&] {
-             return qzsql::catalog::Set({path, ".", "MaxQuant", "77"});
+             return qzsql::catalog::Set({path, ".", "Version", "77"});
          }},
     };
     const auto began = std::chrono::steady_clock::now();
@@ -146,7 +152,7 @@ TEST_F(DamagedStores, TellItOrGiveAResult) {
             SCOPED_TRACE(name);
             onDisk_.Write(damaged);
             const bool wasSound = IsSound(path);
-            const auto before = TablesIn(path);
+            const auto intact = IntactTables(Rows(path, kTableRows), rows);
             if (name == "show" && wasSound) ++sound;
             const int answer = Run(command);
             ++answers[name][answer];
@@ -154,8 +160,8 @@ TEST_F(DamagedStores, TellItOrGiveAResult) {
             if (answer == qzsql::kUnreadable || !wasSound) {
                 EXPECT_EQ(onDisk_.Bytes(), damaged);
             } else {
-                EXPECT_EQ(TablesIn(path), before);
-                EXPECT_EQ(TablesLoaded(path), before);
+                const auto loaded = TablesLoaded(path);
+                EXPECT_TRUE(std::includes(loaded.begin(), loaded.end(), intact.begin(), intact.end()));
             }
         }
     }
