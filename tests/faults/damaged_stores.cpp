@@ -40,7 +40,7 @@ ExitCode Answer(const std::function<ExitCode()>& command) {
 }
 
 /// In a process of its own, without its output.
-int Run(const std::function<ExitCode()>& command) {
+int RunInChild(const std::function<ExitCode()>& command) {
     const pid_t child = fork();
     if (child == 0) {
         const int nowhere = open("/dev/null", O_WRONLY);
@@ -154,7 +154,7 @@ TEST_F(DamagedStores, TellItOrGiveAResult) {
             const bool wasSound = IsSound(path);
             const auto intact = IntactTables(Rows(path, kTableRows), rows);
             if (name == "show" && wasSound) ++sound;
-            const int answer = Run(command);
+            const int answer = RunInChild(command);
             ++answers[name][answer];
             EXPECT_TRUE(answer >= qzsql::kDone && answer <= qzsql::kUnreadable) << answer;
             if (answer == qzsql::kUnreadable || !wasSound) {
