@@ -42,7 +42,8 @@ bool BuildAccess(CQZQueryInfo& query, const QZReporter* reporter) try {
     CQZSQLTree* root = nullptr;
     AccessSQLParser.GetSQLTree(&root);
     const std::unique_ptr<CQZSQLTree> m_RootAccessSQLTree(root);
-    return root != nullptr && !IsEmptyView(*root) && WalkTree(*root, query);
+    if (root == nullptr) throw std::bad_alloc();
+    return !IsEmptyView(*root) && WalkTree(*root, query);
 } catch (const std::bad_alloc&) {
     qz::SendOutOfMemory(reporter, QZPhase::Build, {});
     return false;
