@@ -136,7 +136,7 @@ const ANTLR3_INPUT_STREAM& InputOf(const ANTLR3_COMMON_TOKEN_STREAM& stream) {
 
 void AddToken(ANTLR3_VECTOR& tokens, Token token) {
     token->index = tokens.count;
-    if (tokens.count == tokens.elementsSize) qz::Reserve(tokens, 2 * tokens.count);
+    if (tokens.count == tokens.elementsSize) qz::Reserve(tokens, std::size_t{2} * tokens.count);
     tokens.elements[tokens.count++] = {token, nullptr};
 }
 

@@ -111,7 +111,7 @@ void InformRuntime(QZFastParser& parser) {
 
     auto& vector = *stack->vector;
     for (QZFollow* follow = parser.follow; follow != same; follow = follow->around) {
-        if (vector.count == vector.elementsSize) qz::Reserve(vector, 2 * vector.count);
+        if (vector.count == vector.elementsSize) qz::Reserve(vector, std::size_t{2} * vector.count);
         stack->push(stack, follow->set, nullptr);
     }
     std::reverse(vector.elements + kept, vector.elements + vector.count);
