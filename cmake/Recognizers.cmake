@@ -33,6 +33,7 @@ function(qz_recognizers grammar_file)
         add_dependencies(${library} ${name}_generated)
         target_include_directories(${library} PRIVATE ${PROJECT_SOURCE_DIR} ${ANTLR3C_INCLUDE_DIR} ${out})
         target_compile_options(${library} PRIVATE -w -Werror=implicit-function-declaration
+            -fexceptions  # std::bad_alloc passes through the rules
             -fno-var-tracking  # takes minutes in functions of this size
             $<$<CONFIG:Release,RelWithDebInfo>:${QZ_RECOGNIZER_OPTIONS}>)
         target_compile_definitions(${library} PRIVATE QZ_BUILDING_LIBRARY)

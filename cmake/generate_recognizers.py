@@ -58,6 +58,17 @@ def guard_rules(text: str) -> str:
     return guarded
 
 
+def check_memory(text: str) -> str:
+    """Lets the constructor give null where it is given null."""
+    for part, made, free in [("ctx->pParser", r"antlr3ParserNewStream\(.*\)", "ANTLR3_FREE(ctx)"),
+                             ("RULEMEMO", r"antlr3IntTrieNew\(15\)", "ctx->free(ctx)")]:
+        check = f"\n    if ({part} == NULL) {{ {free}; return NULL; }}"
+        text, count = re.subn(rf"{part}\s+= {made};", rf"\g<0>{check}", text)
+        if count != 1:
+            sys.exit("the constructor of the parser is not of the expected form")
+    return text
+
+
 # One more item of a list: the rule next_expression, if there is one, is only ever called as next_expression*.
 def repeated_rule(text: str) -> int:
     numbers = set(re.findall(r"MEMOIZE\((\d+), next_expression_StartIndex\)", text))
@@ -79,7 +90,7 @@ def fit_parser(path: Path, name: str) -> str:
     text = path.read_text()
     rules = 1 + max(int(n) for n in re.findall(r"HAVEPARSEDRULE\((\d+)\)", text))
     defines = f"#define QZ_RULE_COUNT {rules}\n#define QZ_REPEATED_RULE {repeated_rule(text)}\n"
-    text = include_support(text, f"{name}Parser.h", defines)
+    text = check_memory(include_support(text, f"{name}Parser.h", defines))
     path.with_name(f"{name}FastParser.c").write_text(fast_parser(text, name))
     path.write_text(guard_rules(text))
     entry = re.search(r"^    ctx->(\w+)\t= \1;$", text, re.M)

@@ -6,6 +6,7 @@
 #include <exception>
 #include <iterator>
 #include <memory>
+#include <new>
 #include <optional>
 #include <stdexcept>
 
@@ -134,6 +135,8 @@ ExitCode AddFile(const std::string& name, OrderedPool& pool) {
         File file(name);
         AddLines(file, pool);
         return kDone;
+    } catch (const std::bad_alloc&) {
+        return TellOutOfMemory(name);
     } catch (const std::exception& error) {
         Tell(fmt::format("qzsql: {}: {}\n", name, error.what()));
         return kUnreadable;
@@ -169,6 +172,8 @@ Answer AnswerLine(const BatchRequest& request, const Line& line, CatalogModelsPo
         if (catalogs == nullptr) return Recognized(request, record, name, nullptr);
         const CatalogModelsPool::Lease catalog(*catalogs);
         return Recognized(request, record, name, &*catalog);
+    } catch (const std::bad_alloc&) {
+        return {Failed(record, line.number, kNoMemory).text, kOutOfMemory};
     } catch (const std::exception& error) {
         return Failed(record, line.number, error.what());
     }

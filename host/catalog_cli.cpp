@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <new>
 #include <stdexcept>
 
 #include "host/catalog_filter.h"
@@ -35,7 +36,8 @@ constexpr const char* kFilterHelp =
 
 constexpr const char* kExitCodes =
     "Exit code: 0 done; 1 a rule refuses (set), there are faults (check); 2 wrong usage, unknown names\n"
-    "included; 3 the store or an input can't be read or written. What fails leaves the store as it was.";
+    "included; 3 the store or an input can't be read or written; 4 out of memory. What fails leaves the store as it "
+    "was.";
 
 CLI::Validator KnownKind() {
     return {[](std::string& name) {
@@ -56,7 +58,6 @@ CLI::Option* AddName(CLI::App& command, const char* name, std::string& to, const
 }  // namespace
 
 CatalogCommandLine::CatalogCommandLine(CLI::App& app) : command_(app.add_subcommand("catalog", kAbout)) {
-    command_->require_subcommand(0, 1)->allow_extras();
     command_->footer(
         fmt::format("{}\n\nExample:\n  qzsql catalog init shop.qzc && qzsql catalog show shop.qzc\n", kExitCodes));
     AddInit();
@@ -66,6 +67,7 @@ CatalogCommandLine::CatalogCommandLine(CLI::App& app) : command_(app.add_subcomm
     AddSet();
     AddCheck();
     AddFilter();
+    command_->require_subcommand(0, 1)->allow_extras();  // of its own only
 }
 
 CLI::App& CatalogCommandLine::Add(const char* name, const char* about, const char* help, const char* example,
@@ -136,6 +138,10 @@ void CatalogCommandLine::AddFilter() {
 }
 
 ExitCode CatalogCommandLine::Run() const {
+    if (!command_->remaining().empty() || command_->get_subcommands().empty()) {
+        TellMissingCommand(*command_);
+        return kWrongUsage;
+    }
     for (const auto& [command, run] : commands_) {
         if (!command->parsed()) continue;
         try {
@@ -143,26 +149,28 @@ ExitCode CatalogCommandLine::Run() const {
         } catch (const WrongUsage& error) {
             Tell(fmt::format("qzsql catalog {}: {}\n", command->get_name(), error.what()));
             return kWrongUsage;
+        } catch (const std::bad_alloc&) {
+            return TellOutOfMemory(command->get_option("STORE")->results().front());
         } catch (const std::exception& error) {
             Tell(fmt::format("qzsql catalog {}: {}\n", command->get_name(), error.what()));
             return kUnreadable;
         }
     }
-    TellWhatIsMissing();
     return kWrongUsage;
 }
 
-void CatalogCommandLine::TellWhatIsMissing() const {
+void TellMissingCommand(const CLI::App& app) {
     std::vector<CString> names;
     std::string all;
-    for (const auto& [command, run] : commands_) {
+    for (const auto* command : app.get_subcommands([](const CLI::App*) { return true; })) {
         names.push_back(CString::FromUtf8(command->get_name()));
         all.append(all.empty() ? "" : ", ").append(command->get_name());
     }
-    const auto words = command_->remaining();
+    const auto words = app.remaining();
     const auto fault =
         words.empty() ? "a command is missing." : UnknownName("command", CString::FromUtf8(words.front()), names);
-    Tell(fmt::format("qzsql catalog: {} The commands are {}; see: qzsql catalog --help\n", fault, all));
+    const auto path = app.get_parent() == nullptr ? app.get_name() : "qzsql " + app.get_name();
+    Tell(fmt::format("{}: {} The commands are {}; see: {} --help\n", path, fault, all, path));
 }
 
 }  // namespace qzsql

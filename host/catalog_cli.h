@@ -11,6 +11,9 @@
 
 namespace qzsql {
 
+/// Says that the program or one of its commands was called without one of its commands, or with an unknown one.
+void TellMissingCommand(const CLI::App& app);
+
 class CatalogCommandLine {
  public:
     explicit CatalogCommandLine(CLI::App& app);
@@ -31,7 +34,6 @@ class CatalogCommandLine {
     void AddSet();
     void AddCheck();
     void AddFilter();
-    void TellWhatIsMissing() const;
 
     CLI::App* command_;
     std::vector<std::pair<CLI::App*, std::function<ExitCode()>>> commands_;

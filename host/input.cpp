@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <new>
 #include <stdexcept>
 
 #include "host/file.h"
@@ -55,6 +56,8 @@ ExitCode Use(const std::string& name, const std::function<std::string()>& read,
     try {
         input.text = DecodeText(read());
         return use(input);
+    } catch (const std::bad_alloc&) {
+        return TellOutOfMemory(name);
     } catch (const std::exception& error) {
         Tell(fmt::format("qzsql: {}: {}\n", name, error.what()));
         return kUnreadable;

@@ -3,8 +3,10 @@
 
 #include <CLI/CLI.hpp>
 #include <csignal>
+#include <cstdlib>
 #include <exception>
 #include <functional>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -55,7 +57,7 @@ model as their JSON objects; a bad line is answered by {"id":...,"error":"line 3
 
 constexpr const char* kExitCodes =
     "Exit code: 0 done; 1 an input is not clean (check), nested too deep, or a record failed (batch); 2 wrong\n"
-    "usage; 3 an input can't be read or the output can't be written; the highest that applies.";
+    "usage; 3 an input can't be read or the output can't be written; 4 out of memory; the highest that applies.";
 
 std::string Footer(std::string_view about, std::string_view example) {
     return fmt::format("{}{}\n\nExample:\n  {}\n", about, kExitCodes, example);
@@ -156,6 +158,17 @@ class Batch {
 /// What the builds of models tell on the console would be noise between thousands of queries.
 void DropConsoleLine(void* /*context*/, std::string_view /*line*/) {}
 
+/// Where nothing may be thrown, too, memory can run out.
+void Terminate() {
+    try {
+        if (const auto failure = std::current_exception()) std::rethrow_exception(failure);
+    } catch (const std::bad_alloc&) {
+        std::_Exit(qzsql::TellOutOfMemory({}));
+    } catch (...) {
+    }
+    std::abort();
+}
+
 /// Runs on a thread whose stack is large.
 int RunDeep(const std::function<ExitCode()>& run) {
     ExitCode code = qzsql::kDone;
@@ -169,7 +182,6 @@ int Main(int argc, char** argv) {
         "them.");
     app.name("qzsql");
     app.set_version_flag("--version", "qzsql " QZSQL_VERSION);
-    app.require_subcommand(1);
     app.footer(Footer("", R"(qzsql tree -d access -e "SELECT a FROM t")"));
 
     Showing tokens(app, "tokens", "shows the tokens of queries",
@@ -184,11 +196,16 @@ int Main(int argc, char** argv) {
     model.AddModelOptions();
     const Batch batch(app);
     const qzsql::CatalogCommandLine catalog(app);
+    app.require_subcommand(0, 1)->allow_extras();  // so that we tell what is unknown
 
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? qzsql::kDone : qzsql::kWrongUsage;
+    }
+    if (!app.remaining().empty() || app.get_subcommands().empty()) {
+        qzsql::TellMissingCommand(app);
+        return qzsql::kWrongUsage;
     }
     for (auto* showing : {&tokens, &tree, &check, &model}) {
         if (showing->IsChosen()) return RunDeep([showing] { return showing->Run(); });
@@ -202,9 +219,12 @@ int Main(int argc, char** argv) {
 int main(int argc, char** argv) {
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN));  // a write tells who has gone
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));  // and that a file may not grow
+    std::set_terminate(Terminate);
     QZSetConsoleSink(DropConsoleLine, nullptr);
     try {
         return Main(argc, argv);
+    } catch (const std::bad_alloc&) {
+        return qzsql::TellOutOfMemory({});
     } catch (const std::exception& error) {
         qzsql::Tell(fmt::format("qzsql: {}\n", error.what()));
         return qzsql::kUnreadable;

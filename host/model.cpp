@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <new>
 #include <stdexcept>
 
 #include "host/catalog_models.h"
@@ -18,9 +19,16 @@ class EmptyDatabase final : public CQZDatabaseInfo {
     EmptyDatabase* Clone(int bSelectedOnly) const override { return new EmptyDatabase(*this, bSelectedOnly); }
 };
 
+struct Noted {
+    bool isNestedTooDeep = false;
+    bool isOutOfMemory = false;
+};
+
 // The other reports are those of a recognition of the text that was read.
-void NoteDepth(void* outcome, const QZReport& report) {
-    if (report.kind == QZReportKind::NestedTooDeep) static_cast<BuildOutcome*>(outcome)->isNestedTooDeep = true;
+void Note(void* to, const QZReport& report) {
+    auto& noted = *static_cast<Noted*>(to);
+    noted.isNestedTooDeep |= report.kind == QZReportKind::NestedTooDeep;
+    noted.isOutOfMemory |= report.kind == QZReportKind::OutOfMemory;
 }
 
 }  // namespace
@@ -32,11 +40,12 @@ bool HasModels(const Dialect& dialect) {
 std::string NoModels(const Dialect& dialect) { return fmt::format("no models are made of {} queries", dialect.name); }
 
 BuildOutcome BuildModel(CQZQueryInfo& query, const Dialect& dialect) {
-    BuildOutcome outcome;
-    const QZReporter reporter{NoteDepth, &outcome};
-    outcome.isWhole = dialect.kind == kDbMSAccess ? QZBuildQuery(&query, dialect.kind, &reporter)
-                                                  : FindStaticWalker(dialect.kind)(query, &reporter);
-    return outcome;
+    Noted noted;
+    const QZReporter reporter{Note, &noted};
+    const bool isWhole = dialect.kind == kDbMSAccess ? QZBuildQuery(&query, dialect.kind, &reporter)
+                                                     : FindStaticWalker(dialect.kind)(query, &reporter);
+    if (noted.isOutOfMemory) throw std::bad_alloc();
+    return {isWhole, noted.isNestedTooDeep};
 }
 
 QueryModel::QueryModel(const Dialect& dialect, std::u16string_view text, const ModelContext& context)

@@ -23,7 +23,7 @@ struct BuildOutcome {
     bool isNestedTooDeep = false;
 };
 
-/// For a dialect that has models.
+/// For a dialect that has models. Throws std::bad_alloc.
 BuildOutcome BuildModel(CQZQueryInfo& query, const Dialect& dialect);
 
 /// What the model of a query is made with.

@@ -8,8 +8,6 @@
 #include <cstdlib>
 #include <system_error>
 
-#include "host/exit_code.h"
-
 namespace qzsql {
 
 namespace {
@@ -46,5 +44,13 @@ void Output::Flush() {
 }
 
 void Tell(std::string_view message) { static_cast<void>(std::fwrite(message.data(), 1, message.size(), stderr)); }
+
+ExitCode TellOutOfMemory(std::string_view what) noexcept {
+    for (const auto part : {std::string_view("qzsql: "), what, std::string_view(what.empty() ? "" : ": "), kNoMemory}) {
+        Tell(part);
+    }
+    Tell("\n");
+    return kOutOfMemory;
+}
 
 }  // namespace qzsql

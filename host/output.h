@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "host/exit_code.h"
+
 namespace qzsql {
 
 /// Collects results and writes them in large pieces. Where they can't be written there is nothing left to do, so the
@@ -24,5 +26,10 @@ class Output {
 
 /// Writes to standard error in one piece; where that can't be, nobody listens and nothing follows from it.
 void Tell(std::string_view message);
+
+constexpr std::string_view kNoMemory = "out of memory; give the process more of it, or a smaller input";
+
+/// Tells that memory ran out over `what`, which may be empty, and takes none. Gives kOutOfMemory.
+ExitCode TellOutOfMemory(std::string_view what) noexcept;
 
 }  // namespace qzsql

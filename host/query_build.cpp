@@ -2,9 +2,8 @@
 
 #include <string_view>
 
-#include "QZParserSQL/dialect/QZRecognizers.h"
-#include "QZParserSQL/front/BuildQueryInfo.h"
 #include "QZParserSQL/platform/Console.h"
+#include "host/model.h"
 
 namespace qzsql {
 
@@ -23,8 +22,7 @@ class QuietConsole {
 
 void BuildByLibrary(CatalogQuery& query) {
     const QuietConsole quiet;
-    const QZReporter reporter{[](void*, const QZReport&) {}, nullptr};
-    QZBuildQuery(&query, kDbMSAccess, &reporter);
+    BuildModel(query, *FindDialect("access"));
 }
 
 void Unquote(const DatabaseKind& kind, CQZQueryInfo& query) {

@@ -58,9 +58,9 @@ const QZNode* Recognition::Tree() {
     if (tree_ != nullptr) return tree_;
     recognizers_.parser = NotNull(QZNewParser(Grammar(), recognizers_.tokens));
     QZSetParserReporter(recognizers_.parser, &reporter_);
-    tree_ = NotNull(QZRunEntryRule(Grammar(), recognizers_.parser));
+    const QZNode* tree = QZRunEntryRule(Grammar(), recognizers_.parser);
     RethrowFailure();
-    return tree_;
+    return tree_ = NotNull(tree);
 }
 
 // Nothing may be thrown through the recognizers.
@@ -74,6 +74,7 @@ void Recognition::Receive(void* self, const QZReport& report) {
 }
 
 void Recognition::Add(const QZReport& report) {
+    if (report.kind == QZReportKind::OutOfMemory) throw std::bad_alloc();
     if (report.kind == QZReportKind::DroppedCharacter && ++dropped_ > kMostDropped) {
         if (dropped_ > kMostDropped + 1) return;
         reports_.push_back({report.phase, report.kind, report.position, "more characters are left out from here on"});

@@ -61,7 +61,11 @@ void Prepare(Connection& connection, SettingsStore::Use use) {
                         "wrote it",
                         version, SettingsStore::kVersion));
     }
-    if (use == SettingsStore::Use::Read) connection.Execute("PRAGMA query_only = ON");
+    if (use == SettingsStore::Use::Read) {
+        connection.Execute("PRAGMA query_only = ON");
+    } else {
+        connection.CheckSoundness();
+    }
 }
 
 Connection OpenStore(const std::string& path, SettingsStore::Use use) {
@@ -118,11 +122,11 @@ SettingsStore::SettingsStore(std::string path, Use use)
 
 template <class Do>
 void SettingsStore::Try(Do act) {
-    if (!error_.empty()) return;
+    if (failure_) return;
     try {
         act();
-    } catch (const std::exception& error) {
-        error_ = fmt::format("{}: {}", path_, error.what());
+    } catch (...) {
+        failure_ = std::current_exception();
     }
 }
 
@@ -131,7 +135,7 @@ bool SettingsStore::MayWrite() {
     Try([this] {
         if (use_ == Use::Read) throw SqliteError("was opened for reading and can't be changed");
     });
-    return error_.empty();
+    return !failure_;
 }
 
 CList<CString> SettingsStore::GetSubSections() {
@@ -242,7 +246,8 @@ void SettingsStore::EmptySection() {
 }
 
 void SettingsStore::ThrowIfFailed() {
-    if (!error_.empty()) throw StoreError(std::exchange(error_, {}));
+    if (!failure_) return;
+    WithPath(path_, [this] { std::rethrow_exception(std::exchange(failure_, nullptr)); });
 }
 
 }  // namespace qzsql

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -48,7 +49,7 @@ class SettingsStore final : public QZSettingsStore {
     void Discard() { isDiscarded_ = true; }
     /// Removes all that the open section holds.
     void EmptySection();
-    /// Throws what failed first, if anything did, and forgets it.
+    /// Throws what failed first, if anything did, and forgets it: StoreError or std::bad_alloc.
     void ThrowIfFailed();
 
  private:
@@ -61,7 +62,7 @@ class SettingsStore final : public QZSettingsStore {
     static constexpr std::int64_t kMissing = -1;
 
     std::int64_t Open() const { return open_.empty() ? kRoot : open_.back(); }
-    bool IsUsable() const { return error_.empty() && Open() != kMissing; }
+    bool IsUsable() const { return !failure_ && Open() != kMissing; }
     bool MayWrite();
     std::int64_t Find(const CString& name);
     std::int64_t FindOrAdd(const CString& name, bool create);
@@ -79,7 +80,7 @@ class SettingsStore final : public QZSettingsStore {
     std::vector<std::int64_t> open_;
     bool isDiscarded_ = false;
     int exceptions_ = 0;  // that were passing when the transaction began
-    std::string error_;
+    std::exception_ptr failure_;
 };
 
 }  // namespace qzsql

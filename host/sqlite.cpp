@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <filesystem>
+#include <new>
 #include <system_error>
 
 namespace qzsql {
@@ -36,8 +37,6 @@ std::string Explain(sqlite3* handle) {
             return fmt::format("can't be opened: {}; look at the path and its permissions", Reason(handle));
         case SQLITE_ERROR:
             return fmt::format("damaged or of another make: {}", sqlite3_errmsg(handle));
-        case SQLITE_NOMEM:
-            return "memory is used up";
         default:
             return sqlite3_errmsg(handle);
     }
@@ -75,6 +74,12 @@ void Connection::CheckLength() {
     Execute("COMMIT");
 }
 
+// A read meets some of the damage and passes by the rest; a save would make that final.
+void Connection::CheckSoundness() {
+    Statement check(*this, "PRAGMA integrity_check(1)");
+    if (!check.Step() || check.Text(0) != u"ok") throw SqliteError(kDamaged);
+}
+
 void Connection::Execute(const char* sql) {
     if (sqlite3_exec(Handle(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) Throw();
 }
@@ -85,7 +90,15 @@ std::int64_t Connection::Number(const std::string& sql) {
     return statement.Number(0);
 }
 
-void Connection::Throw() const { throw SqliteError(Explain(Handle())); }
+void Connection::Throw() const {
+    ThrowIfOutOfMemory();
+    throw SqliteError(Explain(Handle()));
+}
+
+void Connection::ThrowIfOutOfMemory() const {
+    const int code = sqlite3_extended_errcode(Handle());
+    if (code == SQLITE_NOMEM || code == SQLITE_IOERR_NOMEM) throw std::bad_alloc();
+}
 
 Statement::Statement(const Connection& connection, std::string_view sql) : connection_(&connection) {
     sqlite3_stmt* handle = nullptr;
@@ -111,6 +124,7 @@ CString Statement::Text(int column) const {
     const bool isBytes = TypeOf(column) == SQLITE_BLOB;
     const void* data =
         isBytes ? sqlite3_column_blob(handle_.get(), column) : sqlite3_column_text(handle_.get(), column);
+    if (data == nullptr) connection_->ThrowIfOutOfMemory();
     const auto size = static_cast<std::size_t>(sqlite3_column_bytes(handle_.get(), column));
     if (!isBytes) return CString::FromUtf8({static_cast<const char*>(data), size});
     std::u16string units(size / sizeof(char16_t), u'\0');

@@ -20,16 +20,19 @@ struct SqliteError : std::runtime_error {
 
 class Connection {
  public:
-    /// A file that exists. Throws SqliteError.
+    /// A file that exists. Throws SqliteError, and std::bad_alloc like all that follows.
     Connection(const std::string& path, int flags);
 
     /// Throws SqliteError where the file is not as long as its pages; SQLite overlooks half a page.
     void CheckLength();
+    /// Throws SqliteError where SQLite finds damage. Reads the whole file.
+    void CheckSoundness();
     /// Runs statements without results.
     void Execute(const char* sql);
     /// The first column of the one row of a query.
     std::int64_t Number(const std::string& sql);
     [[noreturn]] void Throw() const;
+    void ThrowIfOutOfMemory() const;
 
     sqlite3* Handle() const { return handle_.get(); }
 

@@ -1,6 +1,7 @@
 #include "host/static_walkers.h"
 
 #include <memory>
+#include <new>
 
 #include "QZParserSQL/CQZMSSQLParser.h"
 #include "QZParserSQL/Grammar/CQZMySQLParcer.h"
@@ -24,7 +25,7 @@ bool Build(CQZQueryInfo& query, const QZReporter* reporter) {
     CQZSQLTree* root = nullptr;
     parser.GetSQLTree(&root);
     const std::unique_ptr<CQZSQLTree> owner(root);
-    if (root == nullptr) return true;
+    if (root == nullptr) throw std::bad_alloc();
     State state(root);
     CQZSQLTree* select = state.SelectAtOrBelow(root);
     if (select == nullptr) return true;

@@ -58,6 +58,12 @@ struct FastParser : QZFastParser {
     void (*freeParser)(pANTLR3_PARSER parser) = nullptr;
 };
 
+/// Room for so many elements, that the runtime's vector frees. Throws std::bad_alloc, where its own growth would crash.
+void Reserve(ANTLR3_VECTOR& vector, std::size_t count);
+
+/// Whether a recognizer that was just made has all its parts. If not, it can be freed.
+bool IsWhole(ANTLR3_RECOGNIZER_SHARED_STATE& state);
+
 /// Prepares what a parser makes nodes with.
 void InitTrees(FastParser& parser);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <new>
 #include <utility>
 
 #include "QZParserSQL/platform/LargePages.h"
@@ -16,7 +17,8 @@ Chunk* NewChunk(std::size_t size) {
     const std::size_t page = LargePageSize();
     if (size >= page) size = (size + page - 1) / page * page;
     auto* chunk = static_cast<Chunk*>(size >= page ? NewLargePages(size) : std::malloc(size));
-    if (chunk != nullptr) *chunk = {nullptr, size, 0};
+    if (chunk == nullptr) throw std::bad_alloc();
+    *chunk = {nullptr, size, 0};
     return chunk;
 }
 
@@ -48,7 +50,7 @@ Chunk* Kept::AddTo(Chunk* chunks, std::size_t size) {
         const std::size_t usual = isLarge ? std::min(4 * chunks->size, Chunk::kLargestSize) : Chunk::kCommonSize;
         chunk = NewChunk(std::max(usual, size));
     }
-    if (chunk != nullptr) chunk->next = chunks;
+    chunk->next = chunks;
     return chunk;
 }
 
@@ -85,9 +87,7 @@ void Kept::ReleaseAllOfThread() {
 }
 
 void* Memory::TakeFromNewChunk(std::size_t size) {
-    Chunk* chunk = KeptMemory().AddTo(chunks_, size);
-    if (chunk == nullptr) return nullptr;
-    chunks_ = chunk;
+    Chunk* chunk = chunks_ = KeptMemory().AddTo(chunks_, size);
     char* begin = reinterpret_cast<char*>(chunk + 1);
     next_ = begin + size;
     end_ = reinterpret_cast<char*>(chunk) + chunk->size;

@@ -27,8 +27,8 @@ class Kept {
     Kept& operator=(const Kept&) = delete;
     ~Kept();
 
-    /// A chunk for `size` bytes at least, to stand before `chunks`: the more there are, the larger. Null where memory
-    /// fails.
+    /// A chunk for `size` bytes at least, to stand before `chunks`: the more there are, the larger. Throws
+    /// std::bad_alloc.
     Chunk* AddTo(Chunk* chunks, std::size_t size);
     /// All that one recognizer has taken.
     void GiveBack(Chunk* chunks);
@@ -53,7 +53,7 @@ class Memory {
     Memory& operator=(const Memory&) = delete;
     ~Memory() { GiveBack(); }
 
-    /// `size` bytes, aligned for any object, not cleared; null where memory fails.
+    /// `size` bytes, aligned for any object, not cleared. Throws std::bad_alloc.
     void* Take(std::size_t size) {
         const std::size_t whole = (size + kAlignment - 1) / kAlignment * kAlignment;
         if (whole > static_cast<std::size_t>(end_ - next_)) return TakeFromNewChunk(whole);

@@ -1,5 +1,7 @@
 #include "QZParserSQL/dialect/ParserPipeline.h"
 
+#include "QZParserSQL/dialect/Reports.h"
+
 ParserPipeline::ParserPipeline(const QZGrammar& grammar, NewView newView) : m_Grammar(grammar), m_NewView(newView) {}
 
 // The input goes first and the parser, with all nodes of the tree, last.
@@ -23,20 +25,24 @@ void ParserPipeline::FreeRecognizers() {
 
 void ParserPipeline::SetSQL(CString& strSQL) {
     QZCloseInput(m_pInput);
+    m_bHasText = true;
     m_pInput =
         antlr3NewUCS2StringInPlaceStream(strSQL.GetString(), static_cast<std::uint32_t>(strSQL.GetLength()), nullptr);
 }
 
 void ParserPipeline::ParseSQL() {
-    if (m_pInput == nullptr) return;
+    if (!m_bHasText) return;
     if (m_pParser != nullptr) m_Earlier.push_back({m_pTokenStream, m_pLexer, m_pParser});
     m_pTokenStream = nullptr;
-    m_pParser = nullptr;
+    m_pLexer = m_pParser = nullptr;
     m_Result = nullptr;
-    m_pLexer = QZNewLexer(m_Grammar, m_pInput);
+    if (m_pInput != nullptr) m_pLexer = QZNewLexer(m_Grammar, m_pInput);
     if (m_pLexer != nullptr) m_pTokenStream = QZNewTokenStream(m_pLexer);
     if (m_pTokenStream != nullptr) m_pParser = QZNewParser(m_Grammar, m_pTokenStream);
-    if (m_pParser == nullptr) return FreeRecognizers();
+    if (m_pParser == nullptr) {
+        FreeRecognizers();
+        return qz::SendOutOfMemory(m_pReporter, QZPhase::Parser, {});
+    }
     QZSetLexerReporter(m_pLexer, m_pReporter);
     QZSetParserReporter(m_pParser, m_pReporter);
     m_Result = QZRunEntryRule(m_Grammar, m_pParser);

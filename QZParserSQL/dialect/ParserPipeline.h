@@ -31,7 +31,8 @@ class ParserPipeline : public CQZSQLParser {
  private:
     void FreeRecognizers();
 
-    QZInputStream* m_pInput = nullptr;
+    bool m_bHasText = false;
+    QZInputStream* m_pInput = nullptr;  // null, too, where memory has failed
     const QZNode* m_Result = nullptr;
     const QZReporter* m_pReporter = nullptr;
     QZTokenStream* m_pTokenStream = nullptr;

@@ -20,9 +20,9 @@ class Pool {
     Pool& operator=(const Pool&) = delete;
     ~Pool() { GiveBack(); }
 
-    /// An object; `model` is what it is when it is first made. Null where memory fails.
+    /// An object; `model` is what it is when it is first made. Throws std::bad_alloc.
     Object* Take(const Object& model) {
-        if (used_ == room_ && !AddChunk()) return nullptr;
+        if (used_ == room_) AddChunk();
         char* object = objects_ + used_++ * kStride;
         for (std::size_t line = 0; line < Bytes; line += kLine) {
             __builtin_prefetch(object + kAhead * kStride + From + line, 1);
@@ -51,15 +51,12 @@ class Pool {
         return kept;
     }
 
-    bool AddChunk() {
-        Chunk* chunk = KeptChunks().AddTo(chunks_, kLine + kStride);
-        if (chunk == nullptr) return false;
-        chunks_ = chunk;
+    void AddChunk() {
+        Chunk* chunk = chunks_ = KeptChunks().AddTo(chunks_, kLine + kStride);
         char* begin = reinterpret_cast<char*>(chunk + 1);
         objects_ = begin + (kLine - (reinterpret_cast<std::uintptr_t>(begin) + From) % kLine) % kLine;
         used_ = 0;
         room_ = static_cast<std::size_t>(reinterpret_cast<char*>(chunk) + chunk->size - objects_) / kStride;
-        return true;
     }
 
     Chunk* chunks_ = nullptr;

@@ -1,11 +1,16 @@
 // The host's side of the recognizers. Every generated context begins with the pointer to its lexer or parser.
 #include "QZParserSQL/dialect/QZRecognizers.h"
 
+#include <fmt/format.h>
+
 #include "QZParserSQL/dialect/GrammarTable.h"
 #include "QZParserSQL/dialect/Memory.h"
+#include "QZParserSQL/dialect/Reports.h"
 #include "QZParserSQL/dialect/Token.h"
 #include "QZParserSQL/dialect/TreeView.h"
 #include "QZParserSQL/dialect/recognizer.h"
+#include "QZParserSQL/platform/Console.h"
+#include "QZParserSQL/platform/Headroom.h"
 
 namespace {
 
@@ -44,6 +49,17 @@ QZToken Describe(const ANTLR3_COMMON_TOKEN& token) {
     return described;
 }
 
+void Send(const QZReporter* reporter, const QZReport& report) {
+    if (reporter != nullptr && reporter->report != nullptr) return reporter->report(reporter->context, report);
+    QZErrorWriteLine(fmt::format("line {}:{}: {}", report.position.line, report.position.column, report.message));
+}
+
+// The message is short enough to need no memory.
+void SendOutOfMemory(const QZReporter* reporter, QZPhase phase, const QZPosition& position) noexcept try {
+    Send(reporter, {phase, QZReportKind::OutOfMemory, position, "out of memory"});
+} catch (...) {  // there is none for the line either
+}
+
 }  // namespace qz
 
 const char* QZGrammarName(const QZGrammar& grammar) { return grammar.name; }
@@ -67,7 +83,12 @@ void QZSetParserReporter(void* parser, const QZReporter* reporter) {
 }
 
 QZTokenStream* QZNewTokenStream(void* lexer) {
-    return antlr3CommonTokenStreamSourceNew(ANTLR3_SIZE_HINT, LexerOf(lexer)->rec->state->tokSource);
+    if (!qz::HasHeadroom(qz::kRuntimeNeeds)) return nullptr;
+    const auto stream = antlr3CommonTokenStreamSourceNew(ANTLR3_SIZE_HINT, LexerOf(lexer)->rec->state->tokSource);
+    if (qz::IsMade(stream->tokens)) return stream;
+    stream->tokens = nullptr;
+    stream->free(stream);
+    return nullptr;
 }
 
 std::uint32_t QZLexerErrorCount(const void* lexer) { return LexerOf(lexer)->rec->state->errorCount; }

@@ -60,12 +60,13 @@ struct QZPosition {
     std::size_t offset = 0;    ///< from 0, in UTF-16 code units
 };
 
-/// Which of the two recognizers tells.
-enum class QZPhase { Lexer, Parser };
+/// Who tells: one of the two recognizers, or the build of a model (QZBuildQuery).
+enum class QZPhase { Lexer, Parser, Build };
 
 /// What a recognizer has to say. A dropped character is one or more characters that make no token; nesting too deep is
-/// told once a parse, whether or not an error of the parser follows from it.
-enum class QZReportKind { DroppedCharacter, SyntaxError, NestedTooDeep };
+/// told once a parse, whether or not an error of the parser follows from it. Out of memory ends the parse or the build,
+/// and is told without a place: line and column are 0.
+enum class QZReportKind { DroppedCharacter, SyntaxError, NestedTooDeep, OutOfMemory };
 
 /// One thing that a recognizer tells; valid during the call of the reporter.
 struct QZReport {
@@ -95,7 +96,7 @@ QZ_API void QZSetParserReporter(void* parser, const QZReporter* reporter);
 QZ_API QZTokenStream* QZNewTokenStream(void* lexer);
 
 /// Calls the grammar's first rule, once for a parser, and returns the root of the tree. Where nesting comes near the
-/// end of the calling thread's stack, rules fail instead of going deeper.
+/// end of the calling thread's stack, rules fail instead of going deeper. Null where memory fails, which is reported.
 QZ_API const QZNode* QZRunEntryRule(const QZGrammar& grammar, void* parser);
 
 /// How many errors a recognizer has counted.
@@ -121,7 +122,8 @@ struct QZToken {
     bool hidden = false;       ///< the parser does not see it
 };
 
-/// The number of tokens, hidden ones included, the end of the text not; asks the lexer for all of them.
+/// The number of tokens, hidden ones included, the end of the text not; asks the lexer for all of them. Throws
+/// std::bad_alloc.
 QZ_API std::size_t QZTokenCount(QZTokenStream* tokens);
 /// The token with a number from 0 below QZTokenCount.
 QZ_API QZToken QZTokenAt(QZTokenStream* tokens, std::size_t index);

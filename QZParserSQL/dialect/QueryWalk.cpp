@@ -1,6 +1,7 @@
 #include "QZParserSQL/dialect/QueryWalk.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "QZParserSQL/dialect/StateSelectQuery.h"
@@ -27,18 +28,27 @@ void QueryWalk::Run() {
         m_Waiting.pop_back();
         const auto earlier = m_Waiting.size();
         const auto nested = m_Nested.size();
-        try {
-            Do(task);
-        } catch (...) {
+        const auto endNested = [&] {
             m_Waiting.resize(earlier);
             m_Nested.resize(std::min(nested, m_Nested.size()));
             if (!task.Ends()) Abandon();
             if (m_Nested.empty()) throw;
             m_Nested.pop_back();
-            continue;
+        };
+        try {
+            Do(task);
+            ReverseFrom(earlier);
+        } catch (const std::bad_alloc&) {
+            m_bOutOfMemory = true;
+            endNested();
+        } catch (...) {
+            endNested();
         }
-        ReverseFrom(earlier);
     }
+}
+
+void QueryWalk::ThrowIfOutOfMemory() const {
+    if (m_bOutOfMemory) throw std::bad_alloc();
 }
 
 // The last task is the next.
@@ -81,8 +91,8 @@ const QueryWalk::Aliases* QueryWalk::AliasesBelow(const CQZSQLTree* select) cons
 
 void QueryWalk::ShareAliases(const Aliases& from, Aliases& to) {
     for (const auto& [key, alias] : from) {
-        CQZAliasInfo* same = alias->Clone(0);
-        to[key] = same;
+        std::unique_ptr<CQZAliasInfo> same(alias->Clone(0));
         same->Expression.ShareAs(alias->Expression);
+        SetOwned(to, key, std::move(same));
     }
 }

@@ -15,6 +15,13 @@
 class CQZSQLTree;
 class StateSelectQuery;
 
+/// Gives a map an object that it is to own.
+template <class T>
+void SetOwned(CTypedMapStringToPtr<T>& map, const CString& key, std::unique_ptr<T> object) {
+    map.SetAt(key, object.get());
+    static_cast<void>(object.release());
+}
+
 /// Where a step of a walk stands: a node, the list that its items go to, the node above.
 struct WalkPlace {
     CQZSQLTree* node = nullptr;
@@ -41,6 +48,8 @@ class QueryWalk {
     /// Does all steps; from within a step nothing, since the outer call goes on. What a step throws ends the innermost
     /// nested query, which keeps what it has; outside of any it comes out here.
     void Run();
+    /// Throws std::bad_alloc where that has ended a nested query.
+    void ThrowIfOutOfMemory() const;
 
     /// Takes over the state of a nested query. The steps left from here on are its own, until those of End are done.
     StateSelectQuery& Begin(std::unique_ptr<StateSelectQuery> state);
@@ -88,4 +97,5 @@ class QueryWalk {
     std::size_t m_nObjects = 0;
     std::size_t m_nReads = 0;
     bool m_bRunning = false;
+    bool m_bOutOfMemory = false;
 };

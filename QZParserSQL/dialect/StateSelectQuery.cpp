@@ -79,6 +79,7 @@ void StateSelectQuery::Build() {
     CollectFields();
     WalkClauses();
     m_pQuery->ResolveSourceGUIDs();
+    Walk().ThrowIfOutOfMemory();
 }
 
 void StateSelectQuery::WalkClauses() {
@@ -285,9 +286,10 @@ void StateSelectQuery::WalkChildren(CQZSQLTree& node, CList<SelectItem*>& list) 
 // ------------------------------------------------------------------------------------------------ nested queries
 
 void StateSelectQuery::BuildSubQuery(const WalkPlace& place) {
+    auto query = NewQuery();
     auto& item = Append<SelectItemSubQuery>(*place.list);
+    item.Query = query.release();
     item.FuncName = u"SUB_QUERY";
-    item.Query = NewQuery();
     CopyNamesTo(*item.Query);
     if (StateSelectQuery* state = BeginQuery(*item.Query, place.node)) WalkQuery(*state);
 }
@@ -295,9 +297,10 @@ void StateSelectQuery::BuildSubQuery(const WalkPlace& place) {
 CQZQueryInfo* StateSelectQuery::BuildUnion(CQZSQLTree& node, CList<SelectItem*>& list) {
     CQZSQLTree* first = ChildOf(node, 0);
     if (first == nullptr) return nullptr;
+    auto query = NewQuery();
     auto& item = Append<SelectItemUnion>(list);
+    item.Query = query.release();
     item.FuncName = u"UNION";
-    item.Query = NewQuery();
     if (m_Traits.unionsKnowOuterNames) CopyNamesTo(*item.Query);
     if (KindOf(first) == NodeKind::ALL_KEYWORD) {
         WalkPredicate(node);  // of the UNION itself, which takes the outer quantifier back
@@ -310,12 +313,12 @@ CQZQueryInfo* StateSelectQuery::BuildUnion(CQZSQLTree& node, CList<SelectItem*>&
     return item.Query;
 }
 
-CQZQueryInfo* StateSelectQuery::NewQuery() {
+std::unique_ptr<CQZQueryInfo> StateSelectQuery::NewQuery() {
     auto query = std::make_unique<CQZQueryInfo>();
     query->SetDataType(m_Traits.dbType);
     query->SetQueryKind(m_Traits.dbType);
     query->SetDatabase(m_pQuery->GetDatabase());
-    return query.release();
+    return query;
 }
 
 StateSelectQuery* StateSelectQuery::BeginQuery(CQZQueryInfo& query, CQZSQLTree* pSelect) {
@@ -337,8 +340,12 @@ void StateSelectQuery::WalkQuery(StateSelectQuery& state) {
 // The nested query knows the names around it.
 void StateSelectQuery::CopyNamesTo(CQZQueryInfo& query) {
     query.m_mapSources = m_pQuery->m_mapSources;
-    for (const auto& [key, alias] : m_pQuery->m_mapAliases) query.m_mapAliases[key] = alias->Clone(0);
-    for (const auto& [key, record] : m_pQuery->m_mapFields) query.m_mapFields[key] = new CFieldObject(*record);
+    for (const auto& [key, alias] : m_pQuery->m_mapAliases) {
+        SetOwned(query.m_mapAliases, key, std::unique_ptr<CQZAliasInfo>(alias->Clone(0)));
+    }
+    for (const auto& [key, record] : m_pQuery->m_mapFields) {
+        SetOwned(query.m_mapFields, key, std::make_unique<CFieldObject>(*record));
+    }
     Walk().Count(static_cast<std::size_t>(query.m_mapAliases.GetCount()));
     Walk().Count(static_cast<std::size_t>(query.m_mapFields.GetCount()));
 }

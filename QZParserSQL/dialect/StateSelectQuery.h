@@ -202,7 +202,7 @@ class StateSelectQuery : public CList<StateSelectQuery*, StateSelectQuery*> {
     CString WordText(CQZSQLTree& node) const;
 
     void BuildSubQuery(const WalkPlace& place);
-    CQZQueryInfo* NewQuery();
+    std::unique_ptr<CQZQueryInfo> NewQuery();
     StateSelectQuery* BeginQuery(CQZQueryInfo& query, CQZSQLTree* pSelect);
     void WalkQuery(StateSelectQuery& state);
     void CopyNamesTo(CQZQueryInfo& query);

@@ -39,9 +39,11 @@ void StateSelectQuery::BuildChildStates(CQZSQLTree& node) {
         if (KindOf(&place) == NodeKind::SELECT_QUERY) {
             auto state = NewState(&place);
             state->m_pWalk = &Walk();
-            state->m_pQuery = NewQuery();
-            m_pQuery->m_listSubQueries.AddTail(state->m_pQuery);
-            AddTail(state.release());
+            auto query = NewQuery();
+            m_pQuery->m_listSubQueries.AddTail(query.get());
+            state->m_pQuery = query.release();
+            AddTail(state.get());
+            static_cast<void>(state.release());
         }
         return Below::All;
     };
@@ -144,7 +146,7 @@ void StateSelectQuery::DeclareAlias(const WalkPlace& place) {
 void StateSelectQuery::FillExpression(CQZSQLTree& /*node*/, SelectItem& /*expression*/) {}
 
 void StateSelectQuery::EnterAlias(const WalkPlace& /*place*/) {
-    m_pQuery->m_mapAliases[m_strNewKey] = m_pNewAlias.release();
+    SetOwned(m_pQuery->m_mapAliases, m_strNewKey, std::move(m_pNewAlias));
 }
 
 CString StateSelectQuery::AliasName(CQZSQLTree& node) const {
@@ -218,11 +220,12 @@ void StateSelectQuery::ScanFields() {
 
 void StateSelectQuery::Record(const CFieldObject& record) {
     if (record.TableName.IsEmpty() && record.FieldName.IsEmpty()) return;
-    CFieldObject*& entry = m_pQuery->m_mapFields[record.GetKey()];
-    if (entry == nullptr) {
-        entry = new CFieldObject(record);
-        Walk().Count();
-    } else {
+    const CString key = record.GetKey();
+    CFieldObject* entry = nullptr;
+    if (m_pQuery->m_mapFields.Lookup(key, entry)) {
         *entry = record;
+    } else {
+        SetOwned(m_pQuery->m_mapFields, key, std::make_unique<CFieldObject>(record));
+        Walk().Count();
     }
 }

@@ -1,5 +1,6 @@
 #include "QZParserSQL/dialect/TreeView.h"
 
+#include <memory>
 #include <new>
 #include <utility>
 
@@ -63,30 +64,23 @@ TreeView::TreeView(const QZGrammar& grammar) : m_Grammar(grammar) {}
 
 // A tree can be as deep as its text is long, so views go one by one and not each from within its parent.
 TreeView::~TreeView() {
-    std::vector<TreeView*> doomed;
-    GiveChildrenTo(doomed);
-    while (!doomed.empty()) {
-        TreeView* view = doomed.back();
-        doomed.pop_back();
-        view->GiveChildrenTo(doomed);
-        delete view;
+    for (TreeView* doomed = TakeChildren(nullptr); doomed != nullptr;) {
+        const std::unique_ptr<TreeView> view(doomed);
+        doomed = view->TakeChildren(view->m_Next);
     }
 }
 
-void TreeView::GiveChildrenTo(std::vector<TreeView*>& views) {
-    if (m_First != nullptr) views.push_back(std::exchange(m_First, nullptr));
-    for (TreeView* view : m_Further) {
-        if (view != nullptr) views.push_back(view);
-    }
-    m_Further.clear();
-    if (m_Children.IsEmpty()) return;
-    CString key;
-    void* view = nullptr;
-    for (POSITION position = m_Children.GetStartPosition(); position != nullptr;) {
-        m_Children.GetNextAssoc(position, key, view);
-        if (view != nullptr) views.push_back(static_cast<TreeView*>(view));
-    }
+// The children, linked, and `next` behind them. Takes no memory, since it serves the destructor.
+TreeView* TreeView::TakeChildren(TreeView* next) {
+    const auto link = [&next](TreeView* view) {
+        if (view != nullptr) view->m_Next = std::exchange(next, view);
+    };
+    link(std::exchange(m_First, nullptr));
+    for (TreeView*& view : m_Further) link(std::exchange(view, nullptr));
+    if (m_Children.IsEmpty()) return next;
+    for (const auto& [key, view] : m_Children) link(static_cast<TreeView*>(view));
     m_Children.RemoveAll();
+    return next;
 }
 
 CQZSQLTree* TreeView::GetChild(std::uint32_t index) {
@@ -97,16 +91,15 @@ CQZSQLTree* TreeView::GetChild(std::uint32_t index) {
 }
 
 TreeView* TreeView::AddChild(std::uint32_t index) {
-    TreeView* view = NewOfSameClass();
+    std::unique_ptr<TreeView> view(NewOfSameClass());
     const std::uint32_t count = GetChildCount();
     if (index < count) {
         view->SetNode(QZChildAt(m_pNode, index));
         if (index > 0) m_Further.resize(count - 1);
-        ChildAt(index) = view;
-    } else {
-        m_Children.SetAt(CString::FromInt(index), view);
+        return ChildAt(index) = view.release();
     }
-    return view;
+    m_Children.SetAt(CString::FromInt(index), view.get());
+    return view.release();
 }
 
 std::uint32_t TreeView::GetChildCount() { return m_pNode == nullptr ? 0 : QZChildCount(m_pNode); }

@@ -35,10 +35,13 @@ class TreeView : public CQZSQLTree {
     virtual TreeView* NewOfSameClass() const = 0;
     TreeView* AddChild(std::uint32_t index);
     TreeView*& ChildAt(std::uint32_t index) { return index == 0 ? m_First : m_Further[index - 1]; }
-    void GiveChildrenTo(std::vector<TreeView*>& views);
+    TreeView* TakeChildren(TreeView* next);
 
     CMapStringToOb m_Children{10};  // of places where the node has no child
-    const QZNode* m_pNode = nullptr;
+    union {
+        const QZNode* m_pNode = nullptr;
+        TreeView* m_Next;  // of the views that are about to go
+    };
     const QZGrammar& m_Grammar;
     // Of the others, so that a walk needs no key. Most nodes have one child.
     TreeView* m_First = nullptr;

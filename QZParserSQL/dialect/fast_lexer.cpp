@@ -8,7 +8,9 @@
 
 #include "QZParserSQL/dialect/FastRecognition.h"
 #include "QZParserSQL/dialect/Pool.h"
+#include "QZParserSQL/dialect/Reports.h"
 #include "QZParserSQL/dialect/recognizer.h"
+#include "QZParserSQL/platform/Headroom.h"
 
 namespace {
 
@@ -54,7 +56,7 @@ pANTLR3_TOKEN_FACTORY NewTokenFactory(pANTLR3_INPUT_STREAM input) {
     return &factory;
 }
 
-void Install(pANTLR3_LEXER lexer, pANTLR3_INPUT_STREAM input) {
+bool Install(pANTLR3_LEXER lexer, pANTLR3_INPUT_STREAM input) {
     auto& state = *lexer->rec->state;
     auto& source = *state.tokSource;
     lexer->input = input;
@@ -63,10 +65,12 @@ void Install(pANTLR3_LEXER lexer, pANTLR3_INPUT_STREAM input) {
     } else {
         state.tokFactory->setInputStream(state.tokFactory, input);
     }
+    if (state.tokFactory == nullptr) return false;
     if (source.strFactory == nullptr) source.strFactory = input->strFactory;
     if (source.eofToken.strFactory == nullptr) source.eofToken.strFactory = input->strFactory;
     source.fileName = input->fileName;
     state.tokenStartCharIndex = -1;
+    return true;
 }
 
 void BeginToken(ANTLR3_RECOGNIZER_SHARED_STATE& state, const ANTLR3_INPUT_STREAM& input) {
@@ -130,28 +134,16 @@ const ANTLR3_INPUT_STREAM& InputOf(const ANTLR3_COMMON_TOKEN_STREAM& stream) {
     return *static_cast<pANTLR3_LEXER>(stream.tstream->tokenSource->super)->input;
 }
 
-// Room for as many tokens as the text can have; the vector frees it. Memory that no token comes to is never touched.
-void Reserve(ANTLR3_VECTOR& tokens, std::size_t count) {
-    if (count <= tokens.elementsSize) return;
-    void* room = std::malloc(count * sizeof(ANTLR3_VECTOR_ELEMENT));
-    if (room == nullptr) return;
-    tokens.elements = static_cast<pANTLR3_VECTOR_ELEMENT>(room);
-    tokens.elementsSize = static_cast<ANTLR3_UINT32>(count);
-}
-
 void AddToken(ANTLR3_VECTOR& tokens, Token token) {
     token->index = tokens.count;
-    if (tokens.count == tokens.elementsSize) {
-        tokens.add(&tokens, token, nullptr);
-    } else {
-        tokens.elements[tokens.count++] = {token, nullptr};
-    }
+    if (tokens.count == tokens.elementsSize) qz::Reserve(tokens, std::size_t{2} * tokens.count);
+    tokens.elements[tokens.count++] = {token, nullptr};
 }
 
 void Fill(pANTLR3_COMMON_TOKEN_STREAM stream, qz::TokenList* list) {
     const auto source = stream->tstream->tokenSource;
     auto& tokens = *stream->tokens;
-    Reserve(tokens, qz::MostTokens(*stream));
+    qz::Reserve(tokens, qz::MostTokens(*stream));  // memory that no token comes to is never touched
     ANTLR3_INT32 first = -1;
     for (Token token = NextToken(source); token->type != ANTLR3_TOKEN_EOF; token = NextToken(source)) {
         AddToken(tokens, token);
@@ -165,6 +157,16 @@ void Fill(pANTLR3_COMMON_TOKEN_STREAM stream, qz::TokenList* list) {
 
 }  // namespace
 
+void qz::Reserve(ANTLR3_VECTOR& vector, std::size_t count) {
+    if (count <= vector.elementsSize) return;
+    const bool isWithin = vector.elements == vector.internal;
+    void* room = std::realloc(isWithin ? nullptr : vector.elements, count * sizeof(ANTLR3_VECTOR_ELEMENT));
+    if (room == nullptr) throw std::bad_alloc();
+    if (isWithin) std::memcpy(room, vector.internal, sizeof vector.internal);
+    vector.elements = static_cast<pANTLR3_VECTOR_ELEMENT>(room);
+    vector.elementsSize = static_cast<ANTLR3_UINT32>(count);
+}
+
 bool qz::IsToBeFilled(const ANTLR3_COMMON_TOKEN_STREAM& stream) {
     return stream.p == -1 && stream.tokens->count == 0 && TakesAll(stream);
 }
@@ -174,6 +176,13 @@ std::size_t qz::MostTokens(const ANTLR3_COMMON_TOKEN_STREAM& stream) {
 }
 
 void qz::FillStream(pANTLR3_COMMON_TOKEN_STREAM stream, TokenList& list) { Fill(stream, &list); }
+
+bool qz::IsWhole(ANTLR3_RECOGNIZER_SHARED_STATE& state) {
+    const bool isWhole = IsMade(state.rStreams) && IsMade(state.following);
+    if (!IsMade(state.rStreams)) state.rStreams = nullptr;
+    if (!IsMade(state.following)) state.following = nullptr;
+    return isWhole;
+}
 
 void qzFillStream(pANTLR3_COMMON_TOKEN_STREAM stream) {
     if (qz::IsToBeFilled(*stream)) {
@@ -185,9 +194,12 @@ void qzFillStream(pANTLR3_COMMON_TOKEN_STREAM stream) {
 
 pANTLR3_LEXER qzFastLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input,
                              pANTLR3_RECOGNIZER_SHARED_STATE state) {
-    const auto lexer = antlr3LexerNew(sizeHint, state);
+    const auto lexer = qz::HasHeadroom(qz::kRuntimeNeeds) ? antlr3LexerNew(sizeHint, state) : nullptr;
     if (lexer == nullptr) return nullptr;
-    Install(lexer, input);
+    if (!qz::IsWhole(*lexer->rec->state) || !Install(lexer, input)) {
+        lexer->free(lexer);
+        return nullptr;
+    }
     lexer->rec->state->tokSource->nextToken = NextToken;
     return lexer;
 }

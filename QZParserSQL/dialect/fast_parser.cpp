@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "QZParserSQL/dialect/FastRecognition.h"
+#include "QZParserSQL/dialect/Reports.h"
 #include "QZParserSQL/dialect/recognizer.h"
+#include "QZParserSQL/platform/Headroom.h"
 #include "QZParserSQL/platform/Stack.h"
 
 namespace {
@@ -97,6 +99,7 @@ void FollowStream(QZFastParser& parser) {
 // Tells the runtime what it would know if the tool's own macros had been at work. Of its follow sets those stay that
 // are still the same, so that errors all the way out of a deep text don't cost its depth each.
 void InformRuntime(QZFastParser& parser) {
+    if (!qz::HasHeadroom(qz::kRuntimeNeeds)) throw std::bad_alloc();
     MoveStream(parser, parser.place);
     const auto stack = parser.state->following;
     QZFollow* same = parser.follow;
@@ -106,10 +109,11 @@ void InformRuntime(QZFastParser& parser) {
     auto& unionCount = FastParser::Of(&parser.parser).unionCount;
     unionCount = std::min(unionCount, kept);
 
+    auto& vector = *stack->vector;
     for (QZFollow* follow = parser.follow; follow != same; follow = follow->around) {
+        if (vector.count == vector.elementsSize) qz::Reserve(vector, std::size_t{2} * vector.count);
         stack->push(stack, follow->set, nullptr);
     }
-    auto& vector = *stack->vector;
     std::reverse(vector.elements + kept, vector.elements + vector.count);
     ANTLR3_UINT32 place = vector.count;
     for (QZFollow* follow = parser.follow; follow != same; follow = follow->around) follow->known = place--;
@@ -153,7 +157,7 @@ pANTLR3_BITSET FollowOfAllRules(pANTLR3_BASE_RECOGNIZER recognizer) {
         AddUnion(parser, *static_cast<pANTLR3_BITSET_LIST>(stack->get(stack, parser.unionCount)));
     }
     const ANTLR3_UINT32 words = WordsOfUnion(parser);
-    const auto all = antlr3BitsetNew(words * ANTLR3_BITSET_BITS);
+    const auto all = qz::NewBitset(words * ANTLR3_BITSET_BITS);
     if (sets > 0) std::copy_n(UnionOf(parser, sets), words, all->blist.bits);
     return all;
 }
@@ -175,8 +179,10 @@ void FreeParser(pANTLR3_PARSER runtimeParser) {
 pANTLR3_PARSER qzFastParserNew(ANTLR3_UINT32 sizeHint, pANTLR3_TOKEN_STREAM tokens,
                                pANTLR3_RECOGNIZER_SHARED_STATE state, ANTLR3_UINT32 rules, ANTLR3_UINT32 tokenTypes) {
     void* memory = std::malloc(sizeof(FastParser));  // the runtime frees it
-    const auto made = memory == nullptr ? nullptr : antlr3ParserNewStream(sizeHint, tokens, state);
-    if (made == nullptr) {
+    const bool hasMemory = memory != nullptr && qz::HasHeadroom(qz::kRuntimeNeeds);
+    const auto made = hasMemory ? antlr3ParserNewStream(sizeHint, tokens, state) : nullptr;
+    if (made == nullptr || !qz::IsWhole(*made->rec->state)) {
+        if (made != nullptr) made->free(made);
         std::free(memory);
         return nullptr;
     }

@@ -27,31 +27,28 @@ ANTLR3_UINT32 RoomOf(const Children& children) {
     return children.hasGrown ? children.vector.elementsSize : ANTLR3_VECTOR_INTERNAL_SIZE;
 }
 
-bool MakeRoom(Children& children, ANTLR3_UINT32 added) {
+void MakeRoom(Children& children, ANTLR3_UINT32 added) {
     auto& vector = children.vector;
     const ANTLR3_UINT32 needed = vector.count + added;
     const ANTLR3_UINT32 room = RoomOf(children);
-    if (needed <= room) return true;
+    if (needed <= room) return;
     const ANTLR3_UINT32 larger = std::max(needed, 2 * room);
     void* grown = children.parser->memory.Take(larger * sizeof(ANTLR3_VECTOR_ELEMENT));
-    if (grown == nullptr) return false;
     std::memcpy(grown, vector.elements, vector.count * sizeof(ANTLR3_VECTOR_ELEMENT));
     vector.elements = static_cast<pANTLR3_VECTOR_ELEMENT>(grown);
     vector.elementsSize = larger;
     children.hasGrown = true;
-    return true;
 }
 
 ANTLR3_UINT32 AddElement(pANTLR3_VECTOR vector, void* element, void (*freeElement)(void*)) {
-    if (!MakeRoom(ChildrenOf(vector), 1)) return 0;
+    MakeRoom(ChildrenOf(vector), 1);
     vector->elements[vector->count++] = {element, freeElement};
     return vector->count;
 }
 
 Children MakeChildrenModel() {
-    const auto made = antlr3VectorNew(0);
-    Children model{nullptr, false, *made};
-    made->free(made);
+    Children model{};
+    antlr3SetVectorApi(&model.vector, 0);
     model.vector.factoryMade = ANTLR3_TRUE;
     model.vector.add = AddElement;
     return model;
@@ -131,7 +128,7 @@ constexpr ANTLR3_MARKER kHasLists = 1;
 void AppendElements(FastParser& parser, Tree tree, const ANTLR3_VECTOR& added) {
     if (tree->children == nullptr) tree->children = NewVector(parser);
     auto& vector = *tree->children;
-    if (!MakeRoom(ChildrenOf(&vector), added.count)) return;
+    MakeRoom(ChildrenOf(&vector), added.count);
     std::memcpy(vector.elements + vector.count, added.elements, added.count * sizeof(ANTLR3_VECTOR_ELEMENT));
     vector.count += added.count;
 }

@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <cstdlib>
 #include <memory>
 #include <new>
 #include <string>
@@ -12,9 +13,10 @@
 
 #include "QZParserSQL/dialect/GrammarTable.h"
 #include "QZParserSQL/dialect/QZRecognizers.h"
+#include "QZParserSQL/dialect/Reports.h"
 #include "QZParserSQL/dialect/Token.h"
 #include "QZParserSQL/platform/CString.h"
-#include "QZParserSQL/platform/Console.h"
+#include "QZParserSQL/platform/Headroom.h"
 #include "QZParserSQL/platform/Stack.h"
 
 namespace {
@@ -42,7 +44,7 @@ class RuleMemo {
     pANTLR3_INT_TRIE Trie() { return &trie_; }
 
     // 0 for unknown, kFailed, or the index behind the rule's last token + kSuccess. Where memory fails, nothing is
-    // remembered: no exception may pass through generated code.
+    // remembered.
     ANTLR3_UINT32& At(ANTLR3_MARKER token, ANTLR3_MARKER rule) try {
         const auto place = static_cast<std::size_t>(token);
         if (place >= rows_.size()) rows_.resize(place + place / 2 + 64);
@@ -123,11 +125,9 @@ void Memoize(Recognizer recognizer, ANTLR3_MARKER rule, ANTLR3_MARKER start) {
 
 // ----------------------------------------------------------------------------------------------------------- reports
 
-void Send(Recognizer recognizer, const QZReport& report) {
-    const auto* reporter = static_cast<const QZReporter*>(recognizer->state->userp);
-    if (reporter != nullptr && reporter->report != nullptr) return reporter->report(reporter->context, report);
-    QZErrorWriteLine(fmt::format("line {}:{}: {}", report.position.line, report.position.column, report.message));
-}
+const QZReporter* ReporterOf(Recognizer recognizer) { return static_cast<const QZReporter*>(recognizer->state->userp); }
+
+void Send(Recognizer recognizer, const QZReport& report) { qz::Send(ReporterOf(recognizer), report); }
 
 // Control characters are written out, so that a report stays one line and moves no terminal's cursor.
 std::u16string Visible(std::u16string_view text) {
@@ -177,7 +177,8 @@ void ReportParserError(Recognizer recognizer, pANTLR3_UINT8*) try {
     const QZToken token = qz::Describe(*found);
     Send(recognizer,
          {QZPhase::Parser, QZReportKind::SyntaxError, token.position, ParserMessage(recognizer, exception, token)});
-} catch (...) {  // the report is lost, the parse goes on: nothing may be thrown through generated code
+} catch (const std::bad_alloc&) {  // the report is lost, the parse goes on
+    qz::SendOutOfMemory(ReporterOf(recognizer), QZPhase::Parser, {});
 }
 
 constexpr ANTLR3_UINT32 kReported = 1;
@@ -190,7 +191,10 @@ const char16_t* EndOfText(pANTLR3_INPUT_STREAM input) { return BeginOfText(input
 // The exception object serves all errors of a lexer, so that a text of stray characters costs no memory.
 void RaiseInLexer(Recognizer recognizer) {
     auto& state = *recognizer->state;
-    if (state.exception == nullptr) return antlr3RecognitionExceptionNew(recognizer);
+    if (state.exception == nullptr) {
+        state.exception = antlr3ExceptionNew(ANTLR3_RECOGNITION_EXCEPTION, nullptr, nullptr, ANTLR3_FALSE);
+        if (state.exception == nullptr) throw std::bad_alloc();
+    }
     const auto input = static_cast<pANTLR3_LEXER>(recognizer->super)->input;
     state.exception->type = ANTLR3_RECOGNITION_EXCEPTION;
     state.exception->c = input->istream->_LA(input->istream, 1);
@@ -220,7 +224,7 @@ std::u16string_view Dropped(pANTLR3_LEXER lexer) {
 }
 
 bool IsIgnored(Recognizer recognizer, std::u16string_view dropped) {
-    const auto* reporter = static_cast<const QZReporter*>(recognizer->state->userp);
+    const auto* reporter = ReporterOf(recognizer);
     return reporter != nullptr && reporter->ignores != nullptr && reporter->ignores(reporter->context, dropped);
 }
 
@@ -238,7 +242,8 @@ void ReportLexerError(Recognizer recognizer, pANTLR3_UINT8*) try {
     Send(recognizer,
          {QZPhase::Lexer, QZReportKind::DroppedCharacter, position,
           fmt::format("{} {} and is left out", Quoted(dropped), isOpen ? "is not closed" : "makes no token")});
-} catch (...) {  // the report is lost, the parse goes on: nothing may be thrown through generated code
+} catch (const std::bad_alloc&) {  // the report is lost, the parse goes on
+    qz::SendOutOfMemory(ReporterOf(recognizer), QZPhase::Lexer, {});
 }
 
 // ---------------------------------------------------------------------------------------------------------- recovery
@@ -269,7 +274,7 @@ bool IsSecondOpening(Recognizer recognizer, ANTLR3_UINT32 type) {
 // true as soon as the end of a rule is among it: so far the stack of rules is read, and no further.
 pANTLR3_BITSET FollowOfRulesAround(Recognizer recognizer) {
     const auto following = recognizer->state->following;
-    const auto all = antlr3BitsetNew(0);
+    const auto all = qz::NewBitset(0);
     for (auto i = following->size(following); i > 0 && !all->isMember(all, ANTLR3_EOR_TOKEN_TYPE); --i) {
         const auto one = antlr3BitsetLoad(static_cast<pANTLR3_BITSET_LIST>(following->get(following, i - 1)));
         if (one == nullptr) continue;
@@ -292,7 +297,11 @@ void* RepairToken(Recognizer recognizer, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST
 void* PutInToken(Recognizer recognizer, pANTLR3_INT_STREAM tokens, pANTLR3_EXCEPTION, ANTLR3_UINT32 type,
                  pANTLR3_BITSET_LIST) {
     auto& factory = recognizer->state->tokFactory;
-    if (factory == nullptr) factory = antlr3TokenFactoryNew(nullptr);
+    if (factory == nullptr) {
+        constexpr std::size_t kPool = ANTLR3_FACTORY_POOL_SIZE * sizeof(ANTLR3_COMMON_TOKEN);
+        if (!qz::HasHeadroom(kPool + qz::kRuntimeNeeds)) throw std::bad_alloc();
+        factory = antlr3TokenFactoryNew(nullptr);
+    }
     const auto stream = static_cast<pANTLR3_TOKEN_STREAM>(tokens->super);
     const auto next = stream->_LT(stream, 1);
     const auto token = factory->newToken(factory);
@@ -314,13 +323,21 @@ void TellTooDeep(Recognizer recognizer) try {
     const QZToken token = qz::Describe(*tokens->_LT(tokens, 1));
     Send(recognizer, {QZPhase::Parser, QZReportKind::NestedTooDeep, token.position,
                       "nested too deep for the stack; what is nested deeper is not understood"});
-} catch (...) {  // the report is lost, the parse goes on: nothing may be thrown through generated code
+} catch (const std::bad_alloc&) {  // the report is lost, the parse goes on
+    qz::SendOutOfMemory(ReporterOf(recognizer), QZPhase::Parser, {});
 }
 
 }  // namespace
 
 // --------------------------------------------------------------------------------------- called by generated
 // recognizers
+
+pANTLR3_BITSET qz::NewBitset(ANTLR3_UINT32 bits) {
+    const auto set = antlr3BitsetNew(bits);
+    if (set != nullptr && set->blist.bits != nullptr) return set;
+    std::free(set);
+    throw std::bad_alloc();
+}
 
 pANTLR3_LEXER qzLexerNew(ANTLR3_UINT32 sizeHint, pANTLR3_INPUT_STREAM input, pANTLR3_RECOGNIZER_SHARED_STATE state) {
 #ifdef QZ_PLAIN_RECOGNIZERS
@@ -372,6 +389,12 @@ ANTLR3_BOOLEAN qzWasNestedTooDeep(pANTLR3_BASE_RECOGNIZER recognizer) { return R
 // ------------------------------------------------------------------------------------------------- called by the host
 
 const QZNode* QZRunEntryRule(const QZGrammar& grammar, void* parser) {
-    RuleMemo::Of((*static_cast<pANTLR3_PARSER*>(parser))->rec).LimitStack(qz::StackLimit());
-    return grammar.runEntryRule(parser);
+    const Recognizer recognizer = (*static_cast<pANTLR3_PARSER*>(parser))->rec;
+    RuleMemo::Of(recognizer).LimitStack(qz::StackLimit());
+    try {
+        return grammar.runEntryRule(parser);
+    } catch (const std::bad_alloc&) {
+        qz::SendOutOfMemory(ReporterOf(recognizer), QZPhase::Parser, {});
+        return nullptr;
+    }
 }

@@ -49,6 +49,14 @@ pANTLR3_BASE_TREE qzWholeTree(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_BASE_TR
 
 #ifdef __cplusplus
 }
+
+namespace qz {
+// The runtime's collections answer with a number where memory fails.
+inline bool IsMade(const void* collection) { return collection != ANTLR3_FUNC_PTR(ANTLR3_ERR_NOMEM); }
+
+// An empty set. Throws std::bad_alloc.
+pANTLR3_BITSET NewBitset(ANTLR3_UINT32 bits);
+}  // namespace qz
 #endif
 
 /* For generated files only. */

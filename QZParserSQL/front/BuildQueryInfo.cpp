@@ -1,15 +1,17 @@
 #include "QZParserSQL/front/BuildQueryInfo.h"
 
 #include <memory>
+#include <new>
 
 #include "QZParserSQL/MSAccess_v3/CQZMSAccessSQL_v3Parcer.h"
 #include "QZParserSQL/MSAccess_v3/MSAccessSQL_v3StateSelectQuery.h"
+#include "QZParserSQL/dialect/Reports.h"
 #include "QZParserSQL/front/QueryText.h"
 #include "QZParserSQL/model/CQZQueryInfo.h"
 
 namespace {
 
-// What is thrown ends the walk; the query keeps what it has. Returns whether the model is whole.
+// What is thrown ends the walk; the query keeps what it has. Returns whether the model is whole, throws std::bad_alloc.
 bool WalkTree(CQZSQLTree& root, CQZQueryInfo& query) try {
     MSAccessSQL_v3StateSelectQuery state(&root);
     CQZSQLTree* select = state.SelectAtOrBelow(&root);
@@ -18,12 +20,17 @@ bool WalkTree(CQZSQLTree& root, CQZQueryInfo& query) try {
     state.m_pQuery = &query;
     state.Build();
     return !state.IsCut();
+} catch (const std::bad_alloc&) {
+    throw;
 } catch (...) {
     return true;
 }
 
+// Even an empty text has more of a tree than a parse without memory.
+bool IsEmptyView(CQZSQLTree& root) { return root.GetChildCount() == 0 && root.GetText() == u" "; }
+
 // The view goes before the text, and the text before the parser.
-bool BuildAccess(CQZQueryInfo& query, const QZReporter* reporter) {
+bool BuildAccess(CQZQueryInfo& query, const QZReporter* reporter) try {
     [[maybe_unused]] int hh = 0;
     if (query.GetName().CompareNoCase(u"qryMailAll") == 0) hh = 10;  // a place to stop at, for who debugs
 
@@ -35,7 +42,11 @@ bool BuildAccess(CQZQueryInfo& query, const QZReporter* reporter) {
     CQZSQLTree* root = nullptr;
     AccessSQLParser.GetSQLTree(&root);
     const std::unique_ptr<CQZSQLTree> m_RootAccessSQLTree(root);
-    return root == nullptr || WalkTree(*root, query);
+    if (root == nullptr) throw std::bad_alloc();
+    return !IsEmptyView(*root) && WalkTree(*root, query);
+} catch (const std::bad_alloc&) {
+    qz::SendOutOfMemory(reporter, QZPhase::Build, {});
+    return false;
 }
 
 }  // namespace

@@ -25,7 +25,8 @@ enum DBTypes {
 QZ_API void BuildQueryInfo(CQZQueryInfo* pQuery, DBTypes eType);
 
 /// The same with the errors of the text going to `pReporter` (places are those of the rewritten text), where it is not
-/// null. Returns false for a model that would have had more than two million objects: it keeps what was made before.
+/// null. Returns false for a model that keeps only what was made before it would have had more than two million
+/// objects, or before memory failed; the latter is reported.
 QZ_API bool QZBuildQuery(CQZQueryInfo* pQuery, DBTypes eType, const QZReporter* pReporter);
 
 /// The text that a build of the query reads: its own or, for MS Access, the rewritten one. Nothing is told on the

@@ -90,7 +90,12 @@ class QZStringMap {
  private:
     POSITION Add(std::u16string_view key) {
         const POSITION position = m_Entries.AddTail(Entry{key, VALUE()});
-        m_Positions.emplace(m_Entries.GetAt(position).key, position);
+        try {
+            m_Positions.emplace(m_Entries.GetAt(position).key, position);
+        } catch (...) {
+            m_Entries.RemoveAt(position);
+            throw;
+        }
         return position;
     }
 

@@ -4,6 +4,8 @@
 
 #include <antlr3.h>
 
+#include "QZParserSQL/platform/Headroom.h"
+
 namespace {
 
 using Unit = char16_t;
@@ -51,7 +53,8 @@ void Seek(pANTLR3_INT_STREAM stream, ANTLR3_MARKER place) {
 
 ANTLR3_INPUT_STREAM_struct* antlr3NewUCS2StringInPlaceStream(const char16_t* text, std::uint32_t size,
                                                              const char16_t*) {
-    if (size >= 0x80000000U) return nullptr;
+    constexpr std::size_t kStreamNeeds = std::size_t{16} * 1024;  // the runtime doesn't look at what it gets
+    if (size >= 0x80000000U || !qz::HasHeadroom(kStreamNeeds)) return nullptr;
     static char streamName[] = "query";
     auto* const data = reinterpret_cast<pANTLR3_UINT8>(const_cast<char16_t*>(text));
     const auto input = antlr3StringStreamNew(data, ANTLR3_ENC_UTF16LE, size * static_cast<ANTLR3_UINT32>(sizeof(Unit)),

@@ -1,6 +1,7 @@
 // The classes that a host adds to the catalog, as plain as they can be, with what the tests look at.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,6 +17,14 @@
 #include "QZParserSQL/model/CQZQueryInfo.h"
 
 namespace concrete {
+
+/// A new object at the end of a list that owns it.
+template <class Object, class List>
+Object& Append(List& list) {
+    auto object = std::make_unique<Object>();
+    list.AddTail(object.get());
+    return *object.release();
+}
 
 /// What fields, indexes and keys have in common. A child that tells has its owner refresh itself after each change of
 /// its selection.
@@ -113,11 +122,10 @@ class Table : public CQZTableInfo {
  private:
     template <class Object, class List>
     Object& Add(List& list, const CString& strSrcName) {
-        auto* object = new Object;
-        list.AddTail(object);
-        object->SetSrcName(strSrcName);
-        object->SetOwner(this);
-        return *object;
+        Object& object = Append<Object>(list);
+        object.SetSrcName(strSrcName);
+        object.SetOwner(this);
+        return object;
     }
 };
 
@@ -143,21 +151,19 @@ class Database : public CQZDatabaseInfo {
 
     template <class Object = Table>
     Object& AddTable(const CString& strSrcName) {
-        auto* table = new Object;
-        m_listTables.AddTail(table);
-        table->SetSrcName(strSrcName);
-        table->SetDatabase(this);
-        return *table;
+        Object& table = Append<Object>(m_listTables);
+        table.SetSrcName(strSrcName);
+        table.SetDatabase(this);
+        return table;
     }
 
     /// A query of one name for source and target.
     Query& AddQuery(const CString& strName) {
-        auto* query = new Query;
-        m_listQueries.AddTail(query);
-        query->SetSrcName(strName);
-        query->SetName(strName);
-        query->SetDatabase(this);
-        return *query;
+        Query& query = Append<Query>(m_listQueries);
+        query.SetSrcName(strName);
+        query.SetName(strName);
+        query.SetDatabase(this);
+        return query;
     }
 
     int dbType = 2;

@@ -349,20 +349,21 @@ TEST_F(BadStore, ItsTablesAreMissing) {
     ExpectRefused("damaged or of another make: no such table: setting");
 }
 
-// A damaged page is met in the middle of the work.
-TEST_F(BadStore, ADamagedPageIsRememberedAndNothingIsWritten) {
+// A read meets it in the middle of the work.
+TEST_F(BadStore, ADamagedPageIsRememberedByAReadAndRefusedToAWrite) {
+    constexpr const char* kDamaged = ": damaged or cut off; put a sound copy in its place";
     SetNumber(1);
     auto bytes = onDisk_.Bytes();
     for (std::size_t page = 1; page < bytes.size() / 4096; ++page)
         bytes.replace(page * 4096, 4096, std::string(4096, '\xFF'));
     onDisk_.Write(bytes);
-    SettingsStore store(Path(), Use::Write);
+    SettingsStore store(Path(), Use::Read);
     {
-        const QZOpenSection root(store, u"root", 1);
-        store.WriteInt(u"key", 2);
+        const QZOpenSection root(store, u"root", 0);
+        EXPECT_EQ(store.ReadInt(u"key", 7), 7);
     }
-    EXPECT_EQ(WhatItThrows([&] { store.ThrowIfFailed(); }),
-              Path() + ": damaged or cut off; put a sound copy in its place");
+    EXPECT_EQ(WhatItThrows([&] { store.ThrowIfFailed(); }), Path() + kDamaged);
+    EXPECT_EQ(WhatItThrows([&] { SettingsStore(Path(), Use::Write); }), Path() + kDamaged);
     EXPECT_EQ(onDisk_.Bytes(), bytes);
 }
 

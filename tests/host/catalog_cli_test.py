@@ -98,6 +98,8 @@ class CatalogCommands(Catalog):
         _, err = self.expect(WRONG_USAGE, "catalog")
         self.assertIn("a command is missing. The commands are init, import, add-query, show, set, check, filter;", err)
         _, err = self.expect(WRONG_USAGE, "catalog", "sho", self.store)
+        self.expect(WRONG_USAGE, "catalog", "show", self.store, "--unknown")
+        self.expect(WRONG_USAGE, "catalog", "unknown", "show", self.store)
         self.assertIn("unknown command 'sho'. Did you mean show? The commands are init,", err)
 
     def test_import_and_show(self):
@@ -366,6 +368,24 @@ class CatalogStores(Catalog):
                                 preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit)))
             self.assertFalse(os.path.exists(self.store + "-journal"), limit)
         self.catalog("add-query", self.store, "q", text, "-d", "access")
+        self.check_small_file_system()
+
+    def check_small_file_system(self):
+        """One that is full, where such a one can be made."""
+        folder = os.path.join(self.folder, "small")
+        os.mkdir(folder)
+        mount = ["mount", "-t", "tmpfs", "-o", "size=512k", "tmpfs", folder]
+        if subprocess.run(mount, capture_output=True, check=False).returncode != 0:
+            return
+        self.addCleanup(subprocess.run, ["umount", folder], check=True)
+        self.store = os.path.join(folder, "shop.qzc")
+        os.remove(self.database)
+        self.make()
+        text = self.file("longer.sql", "SELECT a FROM t WHERE b = '" + "x" * 700_000 + "'")
+        self.expect_refused("can't be written: the disk is full; make room and try again",
+                            [["add-query", self.store, "q", text, "-d", "access"]])
+        self.assertFalse(os.path.exists(self.store + "-journal"))
+        self.assertIn("Orders", self.catalog("show", self.store)[0])
 
     def test_a_store_that_can_not_be_made(self):
         self.catalog("init", self.store)

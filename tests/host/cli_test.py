@@ -3,6 +3,7 @@
 import json
 import os
 import pty
+import resource
 import subprocess
 import tempfile
 import time
@@ -10,7 +11,7 @@ import unittest
 import xml.etree.ElementTree as xml
 
 QZSQL = os.environ["QZSQL"]
-DONE, NOT_CLEAN, WRONG_USAGE, UNREADABLE = range(4)
+DONE, NOT_CLEAN, WRONG_USAGE, UNREADABLE, OUT_OF_MEMORY = range(5)
 QUERY = "SELECT a FROM t"
 SEXPR = (
     '(nil (SELECT_QUERY (SELECT_LIST (COLUMN_SPECIFICATION (COLUMN_NAME IDENTIFICATOR:"a"))) '
@@ -53,6 +54,13 @@ class Usage(CommandLine):
             self.assertIn("Example:", help_text)
             self.assertIn(f"qzsql {command} -d access", help_text)
         self.assertIn("Example:", self.results("--help"))
+
+    def test_a_command_that_is_missing_or_unknown(self):
+        commands = "The commands are tokens, tree, check, model, batch, catalog; see: qzsql --help\n"
+        self.assertEqual(self.expect(WRONG_USAGE)[1], f"qzsql: a command is missing. {commands}")
+        for arguments in [["nonsense"], ["nonsense", "-d", "access"], ["nonsense", "tree", "-d", "access", "-e", QUERY]]:
+            self.assertEqual(self.expect(WRONG_USAGE, *arguments)[1], f"qzsql: unknown command 'nonsense'. {commands}")
+        self.assertIn("unknown command 'tre'. Did you mean tree?", self.expect(WRONG_USAGE, "tre", "-d", "access")[1])
 
     def test_version(self):
         self.assertRegex(self.results("--version"), r"^qzsql \d+\.\d+\.\d+\n$")
@@ -250,6 +258,37 @@ class Inputs(CommandLine):
         out = self.results("check", "-d", "access", "-e", QUERY + " \x1b x", code=NOT_CLEAN)
         self.assertEqual(out.splitlines()[-2:], ["    SELECT a FROM t \u241b x", "                      ^"])
         self.assertNotIn("\x1b", out)
+
+
+class Memory(CommandLine):
+    """A process that may take less than a text needs."""
+
+    LIMIT = 160 << 20
+
+    def starved(self, *arguments, stdin=b""):
+        run = self.run_bytes(*arguments, stdin=stdin,
+                             preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (self.LIMIT, self.LIMIT)))
+        return run.returncode, run.stdout.decode(), run.stderr.decode()
+
+    def large(self):
+        return "SELECT " + "a + " * 400_000 + "a FROM t"
+
+    def test_the_input_is_named_and_the_others_are_shown(self):
+        large, small = self.file("large.sql", self.large()), self.file("small.sql", QUERY)
+        for command in ["tokens", "tree", "check", "model"]:
+            code, out, err = self.starved(command, "-d", "access", large, small)
+            self.assertEqual(code, OUT_OF_MEMORY, (command, err))
+            self.assertIn(f"qzsql: {large}: out of memory; give the process more of it, or a smaller input\n", err)
+            self.assertIn(f"== {small}\n", out)
+
+    def test_a_record_fails_and_the_others_are_answered(self):
+        records = "".join(json.dumps({"id": sql[:9], "sql": sql}) + "\n" for sql in [QUERY, self.large(), QUERY])
+        code, out, err = self.starved("batch", "-d", "access", "--emit", "tree", stdin=records.encode())
+        self.assertEqual((code, err), (OUT_OF_MEMORY, ""))
+        answers = [json.loads(line) for line in out.splitlines()]
+        self.assertEqual([answer.get("tree") for answer in answers], [SEXPR, None, SEXPR])
+        self.assertEqual(answers[1]["error"],
+                         "line 2: out of memory; give the process more of it, or a smaller input")
 
 
 class Output(CommandLine):
