@@ -87,8 +87,9 @@ std::set<std::string> IntactTables(const std::set<std::string>& rows, const std:
 }
 
 std::set<std::string> TablesLoaded(const std::string& path) {
+    const auto database = qzsql::LoadCatalog(path);
     std::set<std::string> names;
-    for (const auto* table : qzsql::LoadCatalog(path)->Tables()) names.insert(table->GetSrcName().ToUtf8());
+    for (const auto* table : database->Tables()) names.insert(table->GetSrcName().ToUtf8());
     return names;
 }
 
