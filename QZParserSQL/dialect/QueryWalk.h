@@ -58,7 +58,8 @@ class QueryWalk {
     /// Counts objects of the model. From the bound on, a walk only closes what it has begun.
     void Count(std::size_t objects = 1) { m_nObjects += objects; }
     bool IsFull() const { return m_nObjects >= kBound; }
-    /// Counts a node that a scan reads: a few are as dear as an object, and nested SELECTs are read for each around them.
+    /// Counts a node that a scan reads: a few are as dear as an object, and those of nested SELECTs are read for each
+    /// SELECT around them.
     void CountRead() {
         if (++m_nReads % kReadsOfAnObject == 0) Count();
     }

@@ -32,7 +32,7 @@ void AddEnd(QZFastParser& parser, ANTLR3_UINT32* types, ANTLR3_UINT32 place) {
 
 template <class Element>
 Element* New(FastParser& parser, std::size_t count) {
-    return static_cast<Element*>(parser.memory.Take(count * sizeof(Element)));
+    return static_cast<Element*>(parser.memory.Take(count * sizeof(Element)));  // NOLINT(bugprone-sizeof-expression)
 }
 
 template <class Element>
@@ -233,7 +233,8 @@ void qzClearResults(QZFastParser* parser, ANTLR3_UINT32 place) {
     const ANTLR3_UINT32 end = std::min(place + kTogether, parser->places);
     const std::size_t size = std::size_t{end - parser->cleared} * parser->rules;
     ANTLR3_UINT8* const results = qzResultOf(parser, parser->cleared, 0);
-    for (std::size_t i = 0; i < size; i += 64) __builtin_prefetch(results + QZ_AHEAD * parser->rules + i, 1);
+    const std::size_t ahead = std::size_t{QZ_AHEAD} * parser->rules;
+    for (std::size_t i = 0; i < size; i += 64) __builtin_prefetch(results + ahead + i, 1);
     std::memset(results, 0, size);
     parser->cleared = end;
 }
