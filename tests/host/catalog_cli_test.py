@@ -375,7 +375,7 @@ class CatalogStores(Catalog):
         folder = os.path.join(self.folder, "small")
         os.mkdir(folder)
         mount = ["mount", "-t", "tmpfs", "-o", "size=512k", "tmpfs", folder]
-        if subprocess.run(mount, capture_output=True, check=False).returncode != 0:
+        if not shutil.which(mount[0]) or subprocess.run(mount, capture_output=True, check=False).returncode != 0:
             return
         self.addCleanup(subprocess.run, ["umount", folder], check=True)
         self.store = os.path.join(folder, "shop.qzc")
